@@ -1,0 +1,32 @@
+#pragma once
+
+#include "link/ComioInterfaceCommand.h"
+
+#include <QObject>
+#include <QVector>
+
+/// Builds outgoing frames and turns received bytes into messages.
+///
+/// A frame is "KOVO", then big-endian: length (P + 16), part number, part count, command; then the
+/// payload padded with zeros to P bytes, a multiple of 4; the CRC over everything between magic and
+/// CRC; one zero byte. P + 21 bytes in all.
+class kovoPacketManager : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit kovoPacketManager(QObject *parent);
+
+    /// Builds one frame of `length` payload bytes into `frame`, whose old content is dropped.
+    /// `data` may be null when `length` is 0.
+    void prepareMessage(const void *data, size_t length, uint16_t partNumber, uint16_t partCount,
+                        ComioInterfaceCommand_TypeDef command, QByteArray &frame);
+
+public slots:
+    /// Feeds received bytes to the process's one parser, whose state outlives disconnects.
+    void slotPacketStateMachine(QByteArray data);
+
+signals:
+    /// A complete message with its padded payload; command COMIO_CMD_CRC_ERROR for a damaged frame.
+    void signalMessageReceived(ComioInterfaceCommand_TypeDef command, QVector<uint8_t> data);
+};
