@@ -32,8 +32,30 @@ signals:
     void signalNewSerialPortData(QByteArray data);
     void signalPortConnectionChanged(bool connected);
 
-private slots:
+public slots:
     void slotGetNewSerialPortData();
     void slotTimerCheckForNewSerialPorts();
     void slotSerialPortError(QSerialPort::SerialPortError error);
+
+private:
+    // A line setting beside the text that names it.
+    struct Setting
+    {
+        qint32 value;
+        QString text;
+    };
+
+    bool isHungUp() const;
+
+    QString m_portName;
+    Setting m_baudRate{QSerialPort::Baud115200, "115200"};
+    Setting m_dataBits{QSerialPort::Data8, "8"};
+    Setting m_parity{QSerialPort::NoParity, "0"};
+    Setting m_stopBits{QSerialPort::OneStop, "1"};
+    Setting m_flowControl{QSerialPort::NoFlowControl, "0"};
+    QSerialPort *m_serialPort;
+    QTimer *m_pollTimer;
+    bool m_connected = false;
+    QStringList m_knownPorts;
+    QStringList m_extraPorts;
 };
