@@ -39,8 +39,7 @@ constexpr int crcSize = sizeof(le_u16);
 } // namespace
 
 KovoDevices::KovoDevices(QObject *parent)
-    : QObject(parent)
-    , m_shortNames{QStringLiteral("QX Blend"), QStringLiteral("QX Blend Zoom")}
+    : QObject(parent), m_shortNames{QStringLiteral("QX Blend"), QStringLiteral("QX Blend Zoom")}
 {
 }
 
@@ -50,7 +49,7 @@ QString KovoDevices::DeviceCRC2Name(unsigned int key)
         diagnostics::err(QStringLiteral("<<< not a valid device"));
         return QStringLiteral("false");
     }
-    const QString name = m_shortNames.at(key == KovoDevice_QXBlendZoom ? 1 : 0);
+    QString name = m_shortNames.at(key == KovoDevice_QXBlendZoom ? 1 : 0);
     diagnostics::out(QStringLiteral("<<< ") + name);
     return name;
 }
@@ -83,8 +82,9 @@ void KovoDevices::showDialog(KovoDevices_ShowDialogMode_TypeDef mode)
         QStringLiteral("KovoDevices::showDialog(%1) ").arg(static_cast<int>(mode)));
     QMessageBox box;
     if (mode == ShowDialog_SoftwareOutdated)
-        box.setText(QStringLiteral("This software tool is outdated.\n Please download a new version "
-                                   "of this software at\nhttps://www.quorvix.example/download."));
+        box.setText(
+            QStringLiteral("This software tool is outdated.\n Please download a new version "
+                           "of this software at\nhttps://www.quorvix.example/download."));
     else if (mode == ShowDialog_FirmwareOutdated)
         box.setText(QStringLiteral(
             "The device firmware is outdated.\n Please update the device firmware."));
@@ -105,8 +105,7 @@ bool KovoDevices::isValidControlStruct(QVector<unsigned char> record)
     std::memcpy(&header, record.constData(), sizeof header);
 
     if (!isKnownDevice(header.device_key)) {
-        diagnostics::err(
-            QStringLiteral("KovoDevices::isValidControlStruct() Device is not known"));
+        diagnostics::err(QStringLiteral("KovoDevices::isValidControlStruct() Device is not known"));
         return false;
     }
     const auto structure =

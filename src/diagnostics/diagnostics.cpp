@@ -18,12 +18,24 @@ static void write(Stream stream, const QString &text)
     std::fflush(file);
 }
 
-void out(const QString &line) { write(Stream::Out, line + QLatin1Char('\n')); }
+void out(const QString &line)
+{
+    write(Stream::Out, line + QLatin1Char('\n'));
+}
 
-void outUnterminated(const QString &text) { write(Stream::Out, text); }
+void outUnterminated(const QString &text)
+{
+    write(Stream::Out, text);
+}
 
-void err(const QString &line) { write(Stream::Err, line + QLatin1Char('\n')); }
+void err(const QString &line)
+{
+    write(Stream::Err, line + QLatin1Char('\n'));
+}
 
-void setSink(Sink sink) { currentSink = std::move(sink); }
+void setSink(Sink sink)
+{
+    currentSink = std::move(sink);
+}
 
 } // namespace diagnostics

@@ -6,7 +6,10 @@
 #include <QQuickWidget>
 
 // Outside any namespace: the collection is in a static library, where nothing else refers to it.
-static void initResources() { Q_INIT_RESOURCE(ressources); }
+static void initResources()
+{
+    Q_INIT_RESOURCE(ressources);
+}
 
 namespace busyindicator {
 
@@ -18,6 +21,9 @@ void load(QQuickWidget *view, guistatus *status, const QColor &background)
     view->setSource(QUrl(QStringLiteral("qrc:/BusyIndicator.qml")));
 }
 
-void unload(QQuickWidget *view) { view->setSource(QUrl()); }
+void unload(QQuickWidget *view)
+{
+    view->setSource(QUrl());
+}
 
 } // namespace busyindicator

@@ -13,8 +13,8 @@ struct FactorySettings_QXBlendZoom_TypeDef
 {
     static constexpr quint32 version = 20170904;
 
-    le_u32 struct_version;                       ///< date as the decimal number yyyymmdd
-    std::array<char, 12> device_serial_number;   ///< NUL-padded; twelve 0xFF: never set
+    le_u32 struct_version;                                ///< date as the decimal number yyyymmdd
+    std::array<char, 12> device_serial_number;            ///< NUL-padded; twelve 0xFF: never set
     std::array<std::array<le_i32, 3>, 10> ardview_adjust; ///< X-Shift, Y-Shift, Scale per zoom
     std::array<FpgaDisplacement, 10> hdmi_displacement;   ///< per zoom position
     std::array<FpgaDisplacement, 10> analog_displacement; ///< per zoom position

@@ -10,18 +10,18 @@
 /// The GPS/serial port of the camera and the periphery around it; at offset 12 of both records.
 struct PeripheryFields
 {
-    le_u32 baudrate;                ///< bit/s
-    quint8 parity;                  ///< 0 none, 1 odd, 2 even
-    quint8 stop_bits;               ///< the number itself: 1 or 2
-    quint8 signal_inverted;         ///< 0 / 1
-    quint8 gimbal_rc;               ///< 0 / 1
-    quint8 gps_receiver;            ///< 0 custom settings, 1..3 receiver presets
-    quint8 ext_shutter_installed;   ///< 0 / 1
-    le_i32 ext_shutter_heating;     ///< 0..1000
-    le_i32 ext_shutter_heat_cycle;  ///< 0..2000
-    le_i32 ext_shutter_offset;      ///< hundredths, -2000..2000
-    le_i32 ext_shutter_interval;    ///< 0..3600
-    le_i32 ext_shutter_option5;     ///< 0..99
+    le_u32 baudrate;               ///< bit/s
+    quint8 parity;                 ///< 0 none, 1 odd, 2 even
+    quint8 stop_bits;              ///< the number itself: 1 or 2
+    quint8 signal_inverted;        ///< 0 / 1
+    quint8 gimbal_rc;              ///< 0 / 1
+    quint8 gps_receiver;           ///< 0 custom settings, 1..3 receiver presets
+    quint8 ext_shutter_installed;  ///< 0 / 1
+    le_i32 ext_shutter_heating;    ///< 0..1000
+    le_i32 ext_shutter_heat_cycle; ///< 0..2000
+    le_i32 ext_shutter_offset;     ///< hundredths, -2000..2000
+    le_i32 ext_shutter_interval;   ///< 0..3600
+    le_i32 ext_shutter_option5;    ///< 0..99
 };
 static_assert(sizeof(PeripheryFields) == 30);
 static_assert(offsetof(PeripheryFields, baudrate) == 0);

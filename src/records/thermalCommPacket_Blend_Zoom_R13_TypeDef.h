@@ -20,24 +20,24 @@ struct thermalCommPacket_Blend_Zoom_R13_TypeDef
     quint8 fixed_45;          ///< 0
     quint8 liveview_mode;     ///< 0..6
     std::array<quint8, 12> fixed_47;
-    quint8 liveview_colormap;         ///< 0..3
-    quint8 vlc_model;                 ///< 0 Tamron MP1010M, 1 Sony FCB EV7520
-    quint8 fixed_61;                  ///< 8
-    quint8 vlc_ae_mode;               ///< value of MainWindow::viscaaemode
-    quint8 vlc_ae_shutter_speed;      ///< value of MainWindow::viscaaeshutterspeed
-    std::array<quint8, 4> fixed_64;   ///< 0x11 0x01 0x03 0x03
-    quint8 fixed_68;                  ///< 7
-    quint8 tamron_focus_mode;         ///< 0 automatic, 1 manual, 2 once after zoom
-    le_u16 tamron_focus_position;     ///< 4096..45056
-    quint8 vibration_compensation;    ///< 3 off, 2 on
-    le_u16 fixed_73;                  ///< 0x8000
-    quint8 fixed_75;                  ///< 0x80
-    le_u16 zoom_step;                 ///< zoom factor - 1: 0..9
-    le_u16 ffc_mode;                  ///< 0..3
-    le_u32 ffc_delay;                 ///< milliseconds
-    quint8 jpeg_quality_daylight;     ///< percent
-    quint8 fixed_85;                  ///< 0
-    quint8 image_output;              ///< 0 SD card, 1 USB
+    quint8 liveview_colormap;       ///< 0..3
+    quint8 vlc_model;               ///< 0 Tamron MP1010M, 1 Sony FCB EV7520
+    quint8 fixed_61;                ///< 8
+    quint8 vlc_ae_mode;             ///< value of MainWindow::viscaaemode
+    quint8 vlc_ae_shutter_speed;    ///< value of MainWindow::viscaaeshutterspeed
+    std::array<quint8, 4> fixed_64; ///< 0x11 0x01 0x03 0x03
+    quint8 fixed_68;                ///< 7
+    quint8 tamron_focus_mode;       ///< 0 automatic, 1 manual, 2 once after zoom
+    le_u16 tamron_focus_position;   ///< 4096..45056
+    quint8 vibration_compensation;  ///< 3 off, 2 on
+    le_u16 fixed_73;                ///< 0x8000
+    quint8 fixed_75;                ///< 0x80
+    le_u16 zoom_step;               ///< zoom factor - 1: 0..9
+    le_u16 ffc_mode;                ///< 0..3
+    le_u32 ffc_delay;               ///< milliseconds
+    quint8 jpeg_quality_daylight;   ///< percent
+    quint8 fixed_85;                ///< 0
+    quint8 image_output;            ///< 0 SD card, 1 USB
     le_u32 frame_skip;
     TriggerFields trigger;
     quint8 fixed_94; ///< 0
@@ -45,8 +45,8 @@ struct thermalCommPacket_Blend_Zoom_R13_TypeDef
     quint8 advanced_sync;
     quint8 ext0_mode; ///< value of MainWindow::extensions
     quint8 ext1_mode;
-    le_u32 fixed_99;                   ///< 115200
-    std::array<quint8, 4> fixed_103;   ///< 8 0 1 0
+    le_u32 fixed_99;                 ///< 115200
+    std::array<quint8, 4> fixed_103; ///< 8 0 1 0
     IsothermFields isotherms;
     SbusFields sbus;
     quint8 sbus_zoom;
