@@ -1,6 +1,7 @@
 #include "devices/KovoDevices.h"
 
 #include "diagnostics/diagnostics.h"
+#include "records/crc16.h"
 #include "records/thermalCommPacket_Blend_R8_TypeDef.h"
 #include "records/thermalCommPacket_Blend_Zoom_R13_TypeDef.h"
 
@@ -151,11 +152,7 @@ bool KovoDevices::isValidControlStruct(QVector<unsigned char> record)
 
 void KovoDevices::calc_crc(unsigned char *data, int length, unsigned short *crc)
 {
-    constexpr unsigned short polynomial = 0xC599;
-    unsigned short sum = 0;
-    for (int i = 0; i < length; ++i)
-        sum = crc_update(sum, data[i], polynomial);
-    *crc = sum;
+    *crc = crc16(data, length);
 }
 
 unsigned short KovoDevices::crc_update(unsigned short crc, unsigned char data,

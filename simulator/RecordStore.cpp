@@ -1,0 +1,97 @@
+#include "simulator/RecordStore.h"
+
+#include "simulator/DefaultRecords.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace {
+
+/// Serial number of a camera that was given none.
+constexpr char defaultSerial[] = "1701234";
+
+using Defect = QString (*)(const CameraModel &, const QByteArray &);
+
+/// Reads `named`, or else `kept` if that exists, into `record`, which otherwise stays empty.
+QString load(QByteArray &record, const QString &named, const QString &kept,
+             const CameraModel &model, Defect defectOf, int size)
+{
+    QString path = named;
+    if (path.isEmpty() && QFileInfo::exists(kept))
+        path = kept;
+    if (path.isEmpty())
+        return {};
+
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return QStringLiteral("cannot read %1: %2").arg(path, file.errorString());
+    // One byte more than any record and its padding tells a file that is too long.
+    record = file.read(size + 4);
+    const QString defect = defectOf(model, record);
+    if (!defect.isEmpty())
+        return QStringLiteral("%1 is no record of a %2 camera: %3")
+            .arg(path, QString::fromLatin1(model.name), defect);
+    record.truncate(size);
+    return {};
+}
+
+} // namespace
+
+RecordStore::RecordStore(const QString &directory, const CameraModel &model)
+    : m_directory(directory), m_model(QString::fromLatin1(model.name))
+{
+}
+
+bool RecordStore::prepare() const
+{
+    return m_directory.isEmpty() ||
+           (QDir().mkpath(m_directory) && QFileInfo(m_directory).isWritable());
+}
+
+QString RecordStore::path(Camera::Record record) const
+{
+    if (m_directory.isEmpty())
+        return {};
+    const QString kind = record == Camera::Record::Factory ? QStringLiteral("factory")
+                                                           : QStringLiteral("configuration");
+    return QStringLiteral("%1/%2-%3.bin").arg(m_directory, m_model, kind);
+}
+
+bool RecordStore::save(Camera::Record record, const QByteArray &bytes) const
+{
+    if (m_directory.isEmpty())
+        return true;
+    QSaveFile file(path(record));
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+QString loadRecords(Camera::Settings &settings, const RecordStore &store,
+                    const QString &configurationFile, const QString &factoryFile)
+{
+    const CameraModel &model = *settings.model;
+    QString error =
+        load(settings.configuration, configurationFile, store.path(Camera::Record::Configuration),
+             model, configurationDefect, model.configurationSize);
+    if (error.isEmpty())
+        error = load(settings.factory, factoryFile, store.path(Camera::Record::Factory), model,
+                     factoryDefect, model.factorySize);
+    if (!error.isEmpty())
+        return error;
+
+    if (settings.configuration.isEmpty())
+        settings.configuration = defaultConfiguration(model);
+    if (settings.factory.isEmpty())
+        settings.factory = defaultFactoryRecord(
+            model, settings.serial.isNull() ? QByteArray(defaultSerial) : settings.serial);
+    if (settings.serial.isNull() && factorySerial(model, settings.factory).isNull())
+        settings.serial = defaultSerial;
+
+    if (!model.hasRecords())
+        return {};
+    if (!store.prepare() || !store.save(Camera::Record::Configuration, settings.configuration) ||
+        !store.save(Camera::Record::Factory, settings.factory))
+        return QStringLiteral("cannot keep records in %1")
+            .arg(QFileInfo(store.path(Camera::Record::Factory)).path());
+    return {};
+}
