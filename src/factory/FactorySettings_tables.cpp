@@ -1,0 +1,140 @@
+#include "diagnostics/diagnostics.h"
+#include "factory/FactorySettings.h"
+#include "factory/overlay.h"
+#include "factory/tables.h"
+#include "ui_FactorySettings.h"
+
+#include <QHeaderView>
+
+namespace {
+
+constexpr int zoomPositions = 10;
+
+template <size_t Rows>
+using Initial = std::array<std::array<int, zoomPositions>, Rows>;
+
+// Calibration of a typical unit, rows by zoom position.
+constexpr Initial<7> initialHdmi = {{
+    {483, 30, 0, 0, 0, 0, 0, 0, 0, 0},                           // A
+    {188, 0, 0, 0, 0, 0, 0, 0, 0, 0},                            // B
+    {945, 1832, 1919, 1919, 1919, 1919, 1919, 1919, 1919, 1919}, // C
+    {756, 1079, 1079, 1079, 1079, 1079, 1079, 1079, 1079, 1079}, // D
+    {378, 733, 1100, 1450, 1840, 2250, 2550, 2900, 3300, 3700},  // E
+    {0, 2, 104, 158, 195, 220, 231, 243, 254, 262},              // F
+    {0, 42, 106, 146, 166, 180, 188, 195, 201, 205},             // G
+}};
+constexpr Initial<7> initialAnalog = {{
+    {21, 21, 21, 21, 21, 21, 21, 21, 21, 21},                // A
+    {50, 50, 50, 50, 50, 50, 50, 50, 50, 50},                // B
+    {471, 798, 798, 798, 798, 798, 798, 798, 798, 798},      // C
+    {378, 599, 599, 599, 599, 599, 599, 599, 599, 599},      // D
+    {189, 366, 550, 725, 920, 1125, 1275, 1450, 1650, 1850}, // E
+    {0, 40, 134, 178, 208, 229, 239, 249, 258, 264},         // F
+    {0, 46, 116, 150, 178, 187, 195, 203, 209, 214},         // G
+}};
+constexpr Initial<3> initialArdview = {{
+    {23, 5, 0, 0, 0, 0, 0, 0, 0, 0},                    // X-Shift
+    {-20, -1, 0, 0, 0, 0, 0, 0, 0, 0},                  // Y-Shift
+    {620, 350, 230, 180, 140, 130, 120, 110, 100, 100}, // Scale
+}};
+
+template <size_t Rows>
+void fill(QTableWidget *table, const Initial<Rows> &values)
+{
+    for (size_t row = 0; row < Rows; ++row)
+        for (size_t column = 0; column < zoomPositions; ++column)
+            tables::setNumber(table, int(row), int(column), values[row][column]);
+}
+
+std::array<int, 7> rows(const overlay::Displacement &values)
+{
+    return {values.a, values.b, values.c, values.d, values.e, values.f, values.g};
+}
+
+overlay::Displacement displacement(const QTableWidget *table, int column)
+{
+    std::array<int, 7> rows{};
+    tables::readColumn(table, column, rows);
+    return {rows[0], rows[1], rows[2], rows[3], rows[4], rows[5], rows[6]};
+}
+
+void reportSkippedColumn(const char *function, int column)
+{
+    diagnostics::err(
+        QStringLiteral("FactorySettings::%1() Zoom position %2 left unchanged: E divides by zero")
+            .arg(QLatin1String(function))
+            .arg(column + 1));
+}
+
+} // namespace
+
+void FactorySettings::setUpTables()
+{
+    fill(m_ui->tw_QXBZ_hdmi, initialHdmi);
+    fill(m_ui->tw_QXBZ_analog, initialAnalog);
+    fill(m_ui->tw_QXBZ_ardview, initialArdview);
+
+    // One width for the row headers, so that the zoom positions of the tables stand in line.
+    int rowHeader = 0;
+    const auto all = {m_ui->tw_QXBZ_hdmi, m_ui->tw_QXBZ_analog, m_ui->tw_QXBZ_ardview};
+    for (const QTableWidget *table : all)
+        rowHeader = std::max(rowHeader, table->verticalHeader()->sizeHint().width());
+    for (QTableWidget *table : all) {
+        table->verticalHeader()->setFixedWidth(rowHeader);
+        table->verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
+        table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    }
+}
+
+double FactorySettings::scaleHDMI256(int value)
+{
+    return overlay::scaleHDMI256(value);
+}
+
+void FactorySettings::on_btnCalcADFromHDMI_clicked()
+{
+    for (int column = 0; column < zoomPositions; ++column) {
+        const auto ardview = overlay::ardviewFromHdmi(displacement(m_ui->tw_QXBZ_hdmi, column));
+        if (ardview) {
+            const std::array<int, 3> rows = {ardview->xShift, ardview->yShift, ardview->scale};
+            tables::showColumn(m_ui->tw_QXBZ_ardview, column, rows);
+        } else {
+            reportSkippedColumn("on_btnCalcADFromHDMI_clicked", column);
+        }
+    }
+}
+
+void FactorySettings::on_btnCalcAVFromHDMI_clicked()
+{
+    for (int column = 0; column < zoomPositions; ++column) {
+        const auto analog = overlay::analogFromHdmi(displacement(m_ui->tw_QXBZ_hdmi, column));
+        if (analog)
+            tables::showColumn(m_ui->tw_QXBZ_analog, column, rows(*analog));
+        else
+            reportSkippedColumn("on_btnCalcAVFromHDMI_clicked", column);
+    }
+}
+
+void FactorySettings::setFPGADisplacements_HDMI(int16_t column, int16_t a, int16_t b, int16_t c,
+                                                int16_t d, int16_t e, int16_t f, int16_t g)
+{
+    diagnostics::out(QStringLiteral("FactorySettings::setFPGADisplacements_HDMI()"));
+    setDisplacementColumn(m_ui->tw_QXBZ_hdmi, column, {a, b, c, d, e, f, g});
+}
+
+void FactorySettings::setFPGADisplacements_Analoge(int16_t column, int16_t a, int16_t b, int16_t c,
+                                                   int16_t d, int16_t e, int16_t f, int16_t g)
+{
+    diagnostics::out(QStringLiteral("FactorySettings::setFPGADisplacements_Analoge()"));
+    setDisplacementColumn(m_ui->tw_QXBZ_analog, column, {a, b, c, d, e, f, g});
+}
+
+void FactorySettings::setDisplacementColumn(QTableWidget *table, int column,
+                                            const std::array<int, 7> &values)
+{
+    if (column < 0 || column >= table->columnCount()) {
+        diagnostics::err(QStringLiteral("FactorySettings: no zoom position %1").arg(column + 1));
+        return;
+    }
+    tables::showColumn(table, column, values);
+}
