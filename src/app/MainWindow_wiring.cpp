@@ -1,0 +1,199 @@
+#include "app/MainWindow.h"
+
+#include "app/messageState.h"
+#include "factory/FactorySettings.h"
+#include "factory/LiveEdit.h"
+#include "forms/busyindicator.h"
+#include "link/SerialConnection.h"
+#include "link/kovoPacketManager.h"
+#include "sbus/sbusTester.h"
+#include "ui_MainWindow.h"
+
+#include <QMetaEnum>
+#include <QStatusTipEvent>
+
+namespace {
+
+template <class Enum>
+QString keyText(Enum value)
+{
+    return QString::fromLatin1(QMetaEnum::fromType<Enum>().valueToKey(value));
+}
+
+} // namespace
+
+MainWindow::MainWindow(QWidget *parent)
+    : QMainWindow(parent)
+    , m_ui(new Ui::MainWindow)
+{
+    m_ui->setupUi(this);
+
+    for (QWidget *widget : QList<QWidget *>{
+             m_ui->gb_Liveview_hotspotdetection, m_ui->gb_liveview_layerscaling,
+             m_ui->gb_pheriphery_externalshutteroptions, m_ui->label_eso_opt5, m_ui->sb_eso_opt5,
+             m_ui->gb_VLC_cam})
+        widget->hide();
+
+    fillEnumerationLists();
+    createCompanions();
+    slotPortConnectionChanged(false);
+    m_status.setBusy(false);
+    busyindicator::load(m_ui->quickWidget, &m_status, m_ui->label->palette().window().color());
+    m_ui->statusBar->showMessage(QStringLiteral("KoVo"));
+    m_ui->pbFactorySettings->hide();
+    m_ui->pb_TestWindow->hide();
+    // The form has tabs 0 to 7: a harmless no-op that keeps a ninth one out.
+    m_ui->tabWidget->removeTab(8);
+}
+
+MainWindow::~MainWindow()
+{
+    // The busy state goes before the widgets: nothing may be bound to it then.
+    busyindicator::unload(m_ui->quickWidget);
+    delete m_devices;
+    delete m_packetManager;
+    delete m_serial;
+    delete m_factorySettings;
+    delete m_liveEdit;
+    delete m_sbusTester;
+    delete m_ui;
+}
+
+void MainWindow::fillEnumerationLists()
+{
+    m_ui->cbHDMIVideoMode->addItem(keyText(MODE_1080P_30HZ));
+    m_ui->cbHDMIVideoMode->addItem(keyText(MODE_1080P_60HZ));
+
+    m_ui->cb_vlc_ae_mode->addItem(keyText(VISCA_AEMODE_FULL_AUTO));
+    m_ui->cb_vlc_ae_mode->addItem(keyText(VISCA_AEMODE_SHUTTER_PRIORITY));
+    m_ui->cb_vlc_ae_mode->setCurrentText(keyText(VISCA_AEMODE_FULL_AUTO));
+
+    for (int speed = SPEED_10000_HZ; speed >= SPEED_1_HZ; --speed)
+        m_ui->cb_vlc_ae_shutterspeed->addItem(keyText(static_cast<viscaaeshutterspeed>(speed)));
+    m_ui->cb_vlc_ae_shutterspeed->setCurrentText(keyText(SPEED_30_HZ));
+}
+
+void MainWindow::createCompanions()
+{
+    connect(m_ui->cbPeripheryGimbalrc, SIGNAL(stateChanged(int)), this,
+            SLOT(on_cbPeripheryGimbalrc_stateChanged(int)));
+    connect(m_ui->cbPeripheryGPS, SIGNAL(currentIndexChanged(int)), this,
+            SLOT(on_cbPeripheryGPSIndexChanged(int)));
+    connect(m_ui->cbTriggerPinMode, SIGNAL(currentIndexChanged(int)), this,
+            SLOT(on_cbTriggerPinModeIndexChanged(int)));
+
+    if (!messageState.timer)
+        messageState.timer = new QTimer(this);
+    connect(messageState.timer, SIGNAL(timeout()), this, SLOT(slotMessageStateTimerComplete()));
+
+    m_devices = new KovoDevices(nullptr);
+    connect(m_devices, SIGNAL(signalDeviceChanged(KovoDeviceCRCKey_TypeDef)), this,
+            SLOT(slotDeviceChanged(KovoDeviceCRCKey_TypeDef)));
+
+    m_packetManager = new kovoPacketManager(nullptr);
+    connect(m_packetManager,
+            SIGNAL(signalMessageReceived(ComioInterfaceCommand_TypeDef, QVector<uint8_t>)), this,
+            SLOT(slotNewMessageReceived(ComioInterfaceCommand_TypeDef, QVector<uint8_t>)));
+
+    m_serial = new SerialConnection(nullptr);
+    connect(m_serial, SIGNAL(signalPortListChanged(QStringList)), this,
+            SLOT(slotNewPortList(QStringList)));
+    connect(m_serial, SIGNAL(signalNewSerialPortData(QByteArray)), m_packetManager,
+            SLOT(slotPacketStateMachine(QByteArray)));
+    connect(m_serial, SIGNAL(signalPortConnectionChanged(bool)), this,
+            SLOT(slotPortConnectionChanged(bool)));
+
+    m_factorySettings = new FactorySettings(this);
+    m_factorySettings->connectDevice(false);
+    m_factorySettings->setPacketManager(m_packetManager);
+    m_factorySettings->setDevices(m_devices);
+    connect(m_factorySettings, SIGNAL(signalSendPackage(QByteArray)), this,
+            SLOT(slotSendPacket(QByteArray)));
+    connect(m_devices, SIGNAL(signalDeviceChanged(KovoDeviceCRCKey_TypeDef)), m_factorySettings,
+            SLOT(slotDeviceChanged(KovoDeviceCRCKey_TypeDef)));
+
+    m_liveEdit = new LiveEdit(this);
+    m_liveEdit->connectDevice(false);
+    m_liveEdit->setPacketManager(m_packetManager);
+    m_liveEdit->setDevices(m_devices);
+    connect(m_liveEdit, SIGNAL(signalSendPackage(QByteArray)), this,
+            SLOT(slotSendPacket(QByteArray)));
+    connect(m_liveEdit, SIGNAL(signalGet_FactoryHDMISettings()), this,
+            SLOT(slotSendFactorySettings2Testwindow_CurrentHDMI()));
+    connect(m_liveEdit, SIGNAL(signalGet_FactoryAnalogeSettings()), this,
+            SLOT(slotSendFactorySettings2Testwindow_CurrentAnaloge()));
+    connect(m_liveEdit,
+            SIGNAL(signalSet_FactoryHDMISettings(int16_t, int16_t, int16_t, int16_t, int16_t,
+                                                 int16_t, int16_t)),
+            this,
+            SLOT(slotSetFactorySettings_CurrentHDMI(int16_t, int16_t, int16_t, int16_t, int16_t,
+                                                    int16_t, int16_t)));
+    connect(m_liveEdit,
+            SIGNAL(signalSet_FactoryAnalogeSettings(int16_t, int16_t, int16_t, int16_t, int16_t,
+                                                    int16_t, int16_t)),
+            this,
+            SLOT(slotSetFactorySettings_CurrentAnaloge(int16_t, int16_t, int16_t, int16_t, int16_t,
+                                                       int16_t, int16_t)));
+
+    m_sbusTester = new sbusTester(this);
+    m_sbusTester->setPacketManager(m_packetManager);
+    connect(m_sbusTester, SIGNAL(signalSendPackage(QByteArray)), this,
+            SLOT(slotSendPacket(QByteArray)));
+
+    connect(m_ui->actionQuit, &QAction::triggered, this, &QWidget::close);
+}
+
+void MainWindow::offerPorts(const QStringList &ports) { m_serial->setExtraPorts(ports); }
+
+void MainWindow::showFactoryButtons()
+{
+    m_ui->pbFactorySettings->show();
+    m_ui->pb_TestWindow->show();
+}
+
+bool MainWindow::event(QEvent *event)
+{
+    // Menus clear the status bar with empty tips, but its text stays until it is replaced.
+    if (event->type() == QEvent::StatusTip
+        && static_cast<QStatusTipEvent *>(event)->tip().isEmpty())
+        return true;
+    return QMainWindow::event(event);
+}
+
+void MainWindow::slotNewPortList(QStringList ports)
+{
+    m_ui->comboBoxPort->clear();
+    m_ui->comboBoxPort->addItems(ports);
+    m_serial->setPortName(m_ui->comboBoxPort->currentText());
+}
+
+void MainWindow::on_btConnectDisconnect_clicked()
+{
+    const QString port = m_ui->comboBoxPort->currentText();
+    if (m_serial->isOpen() || port.isEmpty())
+        m_serial->closeSerialPort();
+    else
+        m_serial->openSerialPort(port);
+}
+
+void MainWindow::slotPortConnectionChanged(bool)
+{
+    const bool open = m_serial->isOpen();
+    m_ui->btConnectDisconnect->setText(open ? QStringLiteral("Disconnect")
+                                            : QStringLiteral("Connect"));
+    if (open)
+        send(COMIO_CMD_GET_DEVICE_ID);
+    else
+        m_status.setBusy(false);
+
+    m_factorySettings->connectDevice(open);
+    m_liveEdit->connectDevice(open);
+    m_sbusTester->connectDevice(open);
+
+    for (QWidget *widget :
+         QList<QWidget *>{m_ui->pbLivePreview, m_ui->btnReadConf, m_ui->btnSetConf, m_ui->gbGPSStream})
+        widget->setEnabled(open);
+    // The live view stays usable after a disconnect.
+    if (open)
+        m_ui->tab_liveview->setEnabled(true);
+}
