@@ -33,13 +33,15 @@ void MainWindow::slotSendMessage(const void *data, unsigned long length, unsigne
     m_serial->writeSerialPortData(messageState.frame);
 }
 
-void MainWindow::slotSendPacket(const QByteArray &frame) { m_serial->writeSerialPortData(frame); }
+void MainWindow::slotSendPacket(const QByteArray &frame)
+{
+    m_serial->writeSerialPortData(frame);
+}
 
 void MainWindow::slotMessageStateTimerComplete()
 {
     if (!messageState.replied)
-        diagnostics::err(
-            QStringLiteral("<<< This should not have happened! Message was not send"));
+        diagnostics::err(QStringLiteral("<<< This should not have happened! Message was not send"));
 }
 
 bool MainWindow::settleOutstandingCommand(ComioInterfaceCommand_TypeDef command)
@@ -53,11 +55,10 @@ bool MainWindow::settleOutstandingCommand(ComioInterfaceCommand_TypeDef command)
     if (messageState.timer)
         messageState.timer->stop();
     m_status.setBusy(false);
-    return !rejected
-           || messagebox::accepted(this, {QStringLiteral("Command rejected"),
-                                          QStringLiteral("<p>Command was rejected</p>"),
-                                          QMessageBox::Ok, QMessageBox::Ok,
-                                          messagebox::TitleBar::WithoutCloseButton});
+    return !rejected || messagebox::accepted(this, {QStringLiteral("Command rejected"),
+                                                    QStringLiteral("<p>Command was rejected</p>"),
+                                                    QMessageBox::Ok, QMessageBox::Ok,
+                                                    messagebox::TitleBar::WithoutCloseButton});
 }
 
 void MainWindow::slotNewMessageReceived(ComioInterfaceCommand_TypeDef command,
@@ -75,8 +76,7 @@ void MainWindow::slotNewMessageReceived(ComioInterfaceCommand_TypeDef command,
         parseUnknownControlStruct(data);
         break;
     case COMIO_CMD_SET_SERIAL_REPLY_OK:
-        diagnostics::out(
-            QStringLiteral("<<< Device replied with COMIO_CMD_SET_SERIAL_REPLY_OK"));
+        diagnostics::out(QStringLiteral("<<< Device replied with COMIO_CMD_SET_SERIAL_REPLY_OK"));
         break;
     case replyOk(COMIO_CMD_GET_FACTORY_SETTINGS):
         m_factorySettings->parseFactorySettings(data);
@@ -107,8 +107,8 @@ void MainWindow::showGpsText(const QVector<uint8_t> &payload)
 {
     const auto end = std::find(payload.begin(), payload.end(), 0);
     if (end == payload.end())
-        diagnostics::err(QStringLiteral("<<< GPS text without an end, cut after %1 bytes")
-                             .arg(payload.size()));
+        diagnostics::err(
+            QStringLiteral("<<< GPS text without an end, cut after %1 bytes").arg(payload.size()));
     m_ui->pteGPSstream->appendPlainText(
         QString::fromLatin1(reinterpret_cast<const char *>(payload.constData()),
                             static_cast<int>(end - payload.begin())));
@@ -123,4 +123,7 @@ void MainWindow::showFocusAdjustment(const QVector<uint8_t> &payload)
     m_ui->sbVLCFocusAdjustment->setValue(static_cast<qint8>(payload.first()));
 }
 
-void MainWindow::slotDummy() { diagnostics::out(QStringLiteral("MainWindow::slotDummy()")); }
+void MainWindow::slotDummy()
+{
+    diagnostics::out(QStringLiteral("MainWindow::slotDummy()"));
+}

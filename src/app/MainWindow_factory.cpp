@@ -4,9 +4,15 @@
 #include "factory/LiveEdit.h"
 #include "ui_MainWindow.h"
 
-void MainWindow::on_pbFactorySettings_clicked() { slotOpenFactorySettings(); }
+void MainWindow::on_pbFactorySettings_clicked()
+{
+    slotOpenFactorySettings();
+}
 
-void MainWindow::on_pb_TestWindow_clicked() { slotOpenTestWindow(); }
+void MainWindow::on_pb_TestWindow_clicked()
+{
+    slotOpenTestWindow();
+}
 
 void MainWindow::slotOpenFactorySettings()
 {

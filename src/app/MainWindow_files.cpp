@@ -61,9 +61,15 @@ void MainWindow::on_btnReadConf_clicked()
     requestConfig(static_cast<KovoDeviceCRCKey_TypeDef>(m_devices->getDevice()));
 }
 
-void MainWindow::requestConfig_qx_blend() { send(COMIO_CMD_GET_CONFIG); }
+void MainWindow::requestConfig_qx_blend()
+{
+    send(COMIO_CMD_GET_CONFIG);
+}
 
-void MainWindow::requestConfig_qx_blend_zoom() { send(COMIO_CMD_GET_CONFIG); }
+void MainWindow::requestConfig_qx_blend_zoom()
+{
+    send(COMIO_CMD_GET_CONFIG);
+}
 
 void MainWindow::on_btnSetConf_clicked()
 {
@@ -100,9 +106,8 @@ void MainWindow::setConfig_qx_blend_zoom()
 
 void MainWindow::setConfig_qx_2_0()
 {
-    const QString path =
-        QFileDialog::getSaveFileName(this, QStringLiteral("Save File"),
-                                     QStringLiteral("QXCONFIG.BIN"), QStringLiteral(".BIN"));
+    const QString path = QFileDialog::getSaveFileName(
+        this, QStringLiteral("Save File"), QStringLiteral("QXCONFIG.BIN"), QStringLiteral(".BIN"));
     // No layout of the 2.0 record is known: the file is a record of zeros. What an existing file
     // holds beyond it stays.
     const std::array<char, sizeof(thermalCommPacket_Blend_R8_TypeDef)> record{};
@@ -126,10 +131,10 @@ void MainWindow::on_actionOpen_triggered()
     const QByteArray bytes = file.read(qMin(file.size(), longestRead));
     parseUnknownControlStruct(QVector<unsigned char>(bytes.begin(), bytes.end()));
     file.close();
-    if (m_serial->isOpen()
-        && confirmed(this, QStringLiteral("Configuration loaded"),
-                     QStringLiteral("<p>The new configuration was succesfully loaded.<br>Do you "
-                                    "want to save the settings on your device?</p>")))
+    if (m_serial->isOpen() &&
+        confirmed(this, QStringLiteral("Configuration loaded"),
+                  QStringLiteral("<p>The new configuration was succesfully loaded.<br>Do you "
+                                 "want to save the settings on your device?</p>")))
         on_btnSetConf_clicked();
 }
 

@@ -103,9 +103,9 @@ void MainWindow::parseDeviceID(QVector<unsigned char> payload)
             "<<< MainWindow::parseDeviceID() could not parse struct, unknown device"));
         return;
     }
-    m_ui->statusBar->showMessage(
-        QStringLiteral("Device ID: ") + QString::fromLatin1(model->shortName)
-        + QStringLiteral("   Serial: ") + serialNumber(payload));
+    m_ui->statusBar->showMessage(QStringLiteral("Device ID: ") +
+                                 QString::fromLatin1(model->shortName) +
+                                 QStringLiteral("   Serial: ") + serialNumber(payload));
     checkFirmwareDate(firmwareDate);
     requestConfig(static_cast<KovoDeviceCRCKey_TypeDef>(key));
 }
@@ -149,10 +149,9 @@ bool MainWindow::checkFirmwareDate(unsigned int firmwareDate)
     if (model->minimumFirmwareDate <= firmwareDate)
         return true;
     diagnostics::out(QStringLiteral("<<< firmwaredate is to old"));
-    return messagebox::accepted(this, {tr("Firmware outdated"),
-                                       QString::fromLatin1(model->outdatedFirmware),
-                                       QMessageBox::Ok, QMessageBox::Ok,
-                                       messagebox::TitleBar::WithoutCloseButton});
+    return messagebox::accepted(
+        this, {tr("Firmware outdated"), QString::fromLatin1(model->outdatedFirmware),
+               QMessageBox::Ok, QMessageBox::Ok, messagebox::TitleBar::WithoutCloseButton});
 }
 
 bool MainWindow::changeDeviceName(const QString &name)
@@ -170,7 +169,10 @@ bool MainWindow::changeDeviceCRC(unsigned int)
     return false;
 }
 
-void MainWindow::on_cBDevice_currentTextChanged(const QString &text) { changeDeviceName(text); }
+void MainWindow::on_cBDevice_currentTextChanged(const QString &text)
+{
+    changeDeviceName(text);
+}
 
 void MainWindow::on_cBDevice_activated(int index)
 {
@@ -187,17 +189,34 @@ bool MainWindow::slotDeviceChanged(KovoDeviceCRCKey_TypeDef key)
         return false;
 
     const Ui::MainWindow &ui = *m_ui;
-    for (QWidget *widget : QList<QWidget *>{
-             ui.gb_pheriphery_externalshutter, ui.gb_pheriphery_externalshutteroptions,
-             ui.comboBoxPort, ui.btConnectDisconnect, ui.gbSonyFCBCameraAdjustements,
-             ui.gbSonyFCBFocus, ui.gbTamronFocus, ui.gbSonyFCBZoom,
-             ui.gbTamronVibrationCompensation, ui.gbTamronZoom, ui.gb_videoMode,
-             ui.gb_hdmivideoMode, ui.gb_compressionQuality, ui.gb_compressionQuality_slider,
-             ui.gbImageOutput, ui.gbSyncMode, ui.gbSbusConnectionOptions, ui.gbTestModes,
-             ui.gb_exp_uart, ui.gb_vlc_ae, ui.cbSbusZoom, ui.cbSbusZoomMode,
-             ui.label_sbuschannel_zoom, ui.label_sbuschannel_zoommode,
-             ui.label_sbuschannel_viewmode_switcthmode, ui.cbSbusViewModeSwitchMode,
-             ui.label_sbus_Overlay, ui.cbSbusOverlay})
+    for (QWidget *widget : QList<QWidget *>{ui.gb_pheriphery_externalshutter,
+                                            ui.gb_pheriphery_externalshutteroptions,
+                                            ui.comboBoxPort,
+                                            ui.btConnectDisconnect,
+                                            ui.gbSonyFCBCameraAdjustements,
+                                            ui.gbSonyFCBFocus,
+                                            ui.gbTamronFocus,
+                                            ui.gbSonyFCBZoom,
+                                            ui.gbTamronVibrationCompensation,
+                                            ui.gbTamronZoom,
+                                            ui.gb_videoMode,
+                                            ui.gb_hdmivideoMode,
+                                            ui.gb_compressionQuality,
+                                            ui.gb_compressionQuality_slider,
+                                            ui.gbImageOutput,
+                                            ui.gbSyncMode,
+                                            ui.gbSbusConnectionOptions,
+                                            ui.gbTestModes,
+                                            ui.gb_exp_uart,
+                                            ui.gb_vlc_ae,
+                                            ui.cbSbusZoom,
+                                            ui.cbSbusZoomMode,
+                                            ui.label_sbuschannel_zoom,
+                                            ui.label_sbuschannel_zoommode,
+                                            ui.label_sbuschannel_viewmode_switcthmode,
+                                            ui.cbSbusViewModeSwitchMode,
+                                            ui.label_sbus_Overlay,
+                                            ui.cbSbusOverlay})
         widget->hide();
     ui.cBext0mode->clear();
     ui.cBext1mode->clear();
@@ -226,8 +245,8 @@ bool MainWindow::slotDeviceChanged(KovoDeviceCRCKey_TypeDef key)
             QStringLiteral("<<< QX 2.0 not implemeted (%1)").arg(static_cast<quint32>(key)));
         break;
     default:
-        diagnostics::err(QStringLiteral("<<< device CRC not implemeted (%1)")
-                             .arg(static_cast<quint32>(key)));
+        diagnostics::err(
+            QStringLiteral("<<< device CRC not implemeted (%1)").arg(static_cast<quint32>(key)));
         return false;
     }
 

@@ -12,7 +12,10 @@ constexpr int sbusDeactivated = 18; // list position after channels 1 to 18
 constexpr int ffcAutomatic = 0;
 constexpr int ffcExternal = 3;
 
-constexpr int channel(int number) { return number - 1; }
+constexpr int channel(int number)
+{
+    return number - 1;
+}
 
 template <class Enum>
 int valueOfKey(const QString &text)
@@ -164,7 +167,9 @@ void MainWindow::on_cb_pheriphery_externalshutter_installed_stateChanged(int sta
 {
     const bool installed = state != Qt::Unchecked;
     const auto keys = QMetaEnum::fromType<extensions>();
-    const auto keyText = [&](extensions mode) { return QString::fromLatin1(keys.valueToKey(mode)); };
+    const auto keyText = [&](extensions mode) {
+        return QString::fromLatin1(keys.valueToKey(mode));
+    };
 
     showExternalShutterOptions(installed);
     m_ui->cBext0mode->setCurrentText(

@@ -17,7 +17,10 @@ constexpr int liveSettingsDelay = 1000;       // ms from a change of focus or zo
 constexpr char autoFocusPayload[] = "\x0A\x0F\xF0\xF1\xF2\xF3\xF4\xF5\xF6\xF7\xF8\xF9\xFA\xFB\xFC"
                                     "\xFD\xFE";
 
-QByteArray byte(int value) { return QByteArray(1, static_cast<char>(value)); }
+QByteArray byte(int value)
+{
+    return QByteArray(1, static_cast<char>(value));
+}
 
 QByteArray word(int value)
 {
@@ -33,18 +36,30 @@ void MainWindow::sendWhileConnected(ComioInterfaceCommand_TypeDef command,
         send(command, payload);
 }
 
-void MainWindow::on_pbTriggerStart_clicked() { sendWhileConnected(COMIO_CMD_TRIGGER, byte(1)); }
+void MainWindow::on_pbTriggerStart_clicked()
+{
+    sendWhileConnected(COMIO_CMD_TRIGGER, byte(1));
+}
 
-void MainWindow::on_pbTriggerStop_clicked() { sendWhileConnected(COMIO_CMD_TRIGGER, byte(0)); }
+void MainWindow::on_pbTriggerStop_clicked()
+{
+    sendWhileConnected(COMIO_CMD_TRIGGER, byte(0));
+}
 
 void MainWindow::on_pbGPSStartStream_clicked()
 {
     sendWhileConnected(COMIO_CMD_GPS_STREAM, byte(1));
 }
 
-void MainWindow::on_pbGPSStopStream_clicked() { sendWhileConnected(COMIO_CMD_GPS_STREAM, byte(0)); }
+void MainWindow::on_pbGPSStopStream_clicked()
+{
+    sendWhileConnected(COMIO_CMD_GPS_STREAM, byte(0));
+}
 
-void MainWindow::on_pb_ffc_doffc_clicked() { sendWhileConnected(COMIO_CMD_DO_FFC, byte(1)); }
+void MainWindow::on_pb_ffc_doffc_clicked()
+{
+    sendWhileConnected(COMIO_CMD_DO_FFC, byte(1));
+}
 
 void MainWindow::on_pbVLC_preview_Zoom_clicked()
 {
@@ -63,7 +78,10 @@ void MainWindow::on_pb_iradj_send_clicked()
                        word(m_ui->sb_iradj_offset->value()) + word(m_ui->sb_iradj_factor->value()));
 }
 
-void MainWindow::on_pbLivePreview_clicked() { slotSendLiveSettings(); }
+void MainWindow::on_pbLivePreview_clicked()
+{
+    slotSendLiveSettings();
+}
 
 void MainWindow::slotSendLiveSettings()
 {

@@ -22,16 +22,14 @@ QString keyText(Enum value)
 
 } // namespace
 
-MainWindow::MainWindow(QWidget *parent)
-    : QMainWindow(parent)
-    , m_ui(new Ui::MainWindow)
+MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), m_ui(new Ui::MainWindow)
 {
     m_ui->setupUi(this);
 
-    for (QWidget *widget : QList<QWidget *>{
-             m_ui->gb_Liveview_hotspotdetection, m_ui->gb_liveview_layerscaling,
-             m_ui->gb_pheriphery_externalshutteroptions, m_ui->label_eso_opt5, m_ui->sb_eso_opt5,
-             m_ui->gb_VLC_cam})
+    for (QWidget *widget :
+         QList<QWidget *>{m_ui->gb_Liveview_hotspotdetection, m_ui->gb_liveview_layerscaling,
+                          m_ui->gb_pheriphery_externalshutteroptions, m_ui->label_eso_opt5,
+                          m_ui->sb_eso_opt5, m_ui->gb_VLC_cam})
         widget->hide();
 
     fillEnumerationLists();
@@ -143,7 +141,10 @@ void MainWindow::createCompanions()
     connect(m_ui->actionQuit, &QAction::triggered, this, &QWidget::close);
 }
 
-void MainWindow::offerPorts(const QStringList &ports) { m_serial->setExtraPorts(ports); }
+void MainWindow::offerPorts(const QStringList &ports)
+{
+    m_serial->setExtraPorts(ports);
+}
 
 void MainWindow::showFactoryButtons()
 {
@@ -154,8 +155,8 @@ void MainWindow::showFactoryButtons()
 bool MainWindow::event(QEvent *event)
 {
     // Menus clear the status bar with empty tips, but its text stays until it is replaced.
-    if (event->type() == QEvent::StatusTip
-        && static_cast<QStatusTipEvent *>(event)->tip().isEmpty())
+    if (event->type() == QEvent::StatusTip &&
+        static_cast<QStatusTipEvent *>(event)->tip().isEmpty())
         return true;
     return QMainWindow::event(event);
 }
@@ -190,8 +191,8 @@ void MainWindow::slotPortConnectionChanged(bool)
     m_liveEdit->connectDevice(open);
     m_sbusTester->connectDevice(open);
 
-    for (QWidget *widget :
-         QList<QWidget *>{m_ui->pbLivePreview, m_ui->btnReadConf, m_ui->btnSetConf, m_ui->gbGPSStream})
+    for (QWidget *widget : QList<QWidget *>{m_ui->pbLivePreview, m_ui->btnReadConf,
+                                            m_ui->btnSetConf, m_ui->gbGPSStream})
         widget->setEnabled(open);
     // The live view stays usable after a disconnect.
     if (open)

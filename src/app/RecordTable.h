@@ -13,7 +13,7 @@ struct RecordRow
 {
     int offset = 0;
     int size = 0;
-    QWidget *widget = nullptr; ///< null for bytes that no widget shows
+    QWidget *widget = nullptr;                     ///< null for bytes that no widget shows
     std::function<void(const uchar *record)> show; ///< record to form; may be empty
     std::function<void(uchar *record)> store;      ///< form to record
 };

@@ -111,11 +111,10 @@ Coding writeOnly(Coding coding)
 
 Coding sonyFcbFocus(QSpinBox *box)
 {
-    return {box,
-            [=](qint64 number) {
-                box->setValue(SonyFCBFocusvalue2int(static_cast<quint8>(number)));
-            },
-            [=] { return sonyFCBFocusbyte(box->value()); }};
+    return {
+        box,
+        [=](qint64 number) { box->setValue(SonyFCBFocusvalue2int(static_cast<quint8>(number))); },
+        [=] { return sonyFCBFocusbyte(box->value()); }};
 }
 
 } // namespace coding

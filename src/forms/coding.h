@@ -51,7 +51,8 @@ Coding signedNumberText(QComboBox *box);
 Coding key(QComboBox *box, const QMetaEnum &keys);
 /// `numbers[i]` for list position i. Any other number or position writes the line that the
 /// function makes of the position or number to standard error and changes nothing.
-Coding mapped(QComboBox *box, std::vector<int> numbers, std::function<QString(qint64)> unknownNumber,
+Coding mapped(QComboBox *box, std::vector<int> numbers,
+              std::function<QString(qint64)> unknownNumber,
               std::function<QString(int)> unknownIndex);
 /// Always stores `number`.
 Coding fixed(qint64 number);

@@ -1,0 +1,56 @@
+#include "forms/busyindicator.h"
+#include "forms/guistatus.h"
+
+#include <QQmlContext>
+#include <QQuickItem>
+#include <QQuickWidget>
+#include <QSignalSpy>
+#include <QTest>
+
+class TestBusyIndicator : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void busyStateAnnouncesOnlyChanges()
+    {
+        guistatus status;
+        QSignalSpy changed(&status, &guistatus::busyChanged);
+        QVERIFY(!status.isBusy());
+        status.setBusy(false);
+        QCOMPARE(changed.count(), 0);
+        status.setBusy(true);
+        status.setBusy(true);
+        QCOMPARE(changed.count(), 1);
+        QVERIFY(status.property("isbusy").toBool());
+        status.setProperty("isbusy", false);
+        QCOMPARE(changed.count(), 2);
+    }
+
+    void indicatorRunsWhileBusy()
+    {
+        guistatus status;
+        QQuickWidget view;
+        busyindicator::load(&view, &status, Qt::darkGray);
+        QCOMPARE(view.status(), QQuickWidget::Ready);
+        QVERIFY(!view.rootObject()->property("running").toBool());
+        status.setBusy(true);
+        QVERIFY(view.rootObject()->property("running").toBool());
+        status.setBusy(false);
+        QVERIFY(!view.rootObject()->property("running").toBool());
+    }
+
+    void unloadedIndicatorOutlivesItsState()
+    {
+        QQuickWidget view;
+        {
+            guistatus status;
+            busyindicator::load(&view, &status, Qt::darkGray);
+            busyindicator::unload(&view);
+        }
+        QVERIFY(!view.rootObject());
+    }
+};
+
+QTEST_MAIN(TestBusyIndicator)
+#include "tst_busyindicator.moc"
