@@ -1,5 +1,5 @@
 #include "devices/KovoDevices.h"
-#include "support/capturedlines.h"
+#include "support/captureddiagnostics.h"
 #include "support/modal.h"
 #include "support/records.h"
 
@@ -34,7 +34,7 @@ private slots:
 
     void knowsExactlyThreeKeys()
     {
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         for (const unsigned int key : {0xA0AF139EU, 0xA0AF139FU, 0xC92A6CE6U})
             QVERIFY(KovoDevices::isKnownDevice(key));
         QVERIFY(lines.err().isEmpty());
@@ -46,7 +46,7 @@ private slots:
 
     void shortNamesAreLogged()
     {
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         KovoDevices devices(nullptr);
         QCOMPARE(devices.DeviceCRC2Name(0xA0AF139E), QStringLiteral("QX Blend Zoom"));
         QCOMPARE(devices.DeviceCRC2Name(0xC92A6CE6), QStringLiteral("QX Blend"));
@@ -56,7 +56,7 @@ private slots:
 
     void knownModelWithoutShortNameIsCalledFalse()
     {
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         KovoDevices devices(nullptr);
         QCOMPARE(devices.DeviceCRC2Name(0xA0AF139F), QStringLiteral("false"));
         QCOMPARE(lines.err(), QStringLiteral("<<< not a valid device\n"));
@@ -72,7 +72,7 @@ private slots:
 
     void settingADeviceAnnouncesItOnce()
     {
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         KovoDevices devices(nullptr);
         QSignalSpy changed(&devices, &KovoDevices::signalDeviceChanged);
         QVERIFY(devices.setDevice(0xC92A6CE6));
@@ -85,7 +85,7 @@ private slots:
 
     void settingTheActiveDeviceAgainIsUnnecessary()
     {
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         KovoDevices devices(nullptr);
         QVERIFY(devices.setDevice(0xA0AF139E));
         QSignalSpy changed(&devices, &KovoDevices::signalDeviceChanged);
@@ -97,7 +97,7 @@ private slots:
 
     void unknownKeyLeavesTheDevice()
     {
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         KovoDevices devices(nullptr);
         QVERIFY(devices.setDevice(0xA0AF139E));
         QSignalSpy changed(&devices, &KovoDevices::signalDeviceChanged);
@@ -141,7 +141,7 @@ private slots:
     {
         QFETCH(int, mode);
         QFETCH(QString, text);
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         KovoDevices devices(nullptr);
         modal::Answer<QMessageBox> answer([&](QMessageBox *box) {
             QCOMPARE(box->text(), text);
@@ -156,7 +156,7 @@ private slots:
 
     void unknownDialogModeShowsNoBoxButPrints()
     {
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         KovoDevices devices(nullptr);
         bool shown = false;
         QTimer watch; // fires only inside a box's event loop
@@ -172,7 +172,7 @@ private slots:
 
     void acceptsValidRecordsWithAndWithoutPadding()
     {
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         KovoDevices devices(nullptr);
         const QByteArray blend = records::sealed(records::blend());
         const QByteArray zoom = records::sealed(records::blendZoom());
@@ -184,7 +184,7 @@ private slots:
 
     void foreignRecordIsRefused()
     {
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         KovoDevices devices(nullptr);
         QByteArray record = records::blend();
         records::put<quint32>(record, 0, 0xDEADBEEF);
@@ -196,7 +196,7 @@ private slots:
 
     void recordOfTheUnsupportedModelIsRefused()
     {
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         KovoDevices devices(nullptr);
         QByteArray record = records::blend();
         records::put<quint32>(record, 0, 0xA0AF139F);
@@ -233,7 +233,7 @@ private slots:
         QFETCH(quint32, version);
         QFETCH(QString, line);
         QFETCH(QString, text);
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         records::put<quint32>(record, 8, version);
         QCOMPARE(boxTextOf(record), text);
         QCOMPARE(lines.err(), line);
@@ -256,7 +256,7 @@ private slots:
         QFETCH(QByteArray, record);
         QFETCH(quint32, length);
         QFETCH(QString, lines);
-        CapturedLines captured;
+        CapturedDiagnostics captured;
         KovoDevices devices(nullptr);
         records::put<quint32>(record, 4, length);
         QVERIFY(!devices.isValidControlStruct(records::payload(records::sealed(record))));
@@ -271,7 +271,7 @@ private slots:
         for (int bit = 12 * 8; bit < valid.size() * 8; ++bit) { // the header has its own checks
             QByteArray record = valid;
             record[bit / 8] = static_cast<char>(record[bit / 8] ^ (1 << (bit % 8)));
-            CapturedLines lines;
+            CapturedDiagnostics lines;
             QVERIFY(!devices.isValidControlStruct(records::payload(record)));
             QCOMPARE(lines.out(),
                      QStringLiteral("KovoDevices::isValidControlStruct() CRC not OK\n"));
@@ -284,7 +284,7 @@ private slots:
         for (const QByteArray &valid :
              {records::sealed(records::blend()), records::sealed(records::blendZoom())})
             for (int size = 0; size < valid.size(); ++size) {
-                CapturedLines lines;
+                CapturedDiagnostics lines;
                 QVERIFY(!devices.isValidControlStruct(records::payload(valid.left(size))));
                 QVERIFY(lines.out().isEmpty());
                 QCOMPARE(lines.err().count(QLatin1Char('\n')), 1);

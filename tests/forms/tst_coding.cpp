@@ -1,5 +1,5 @@
 #include "forms/coding.h"
-#include "support/capturedlines.h"
+#include "support/captureddiagnostics.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -155,7 +155,7 @@ private slots:
         const Coding coding = coding::mapped(
             &box, {3, 2}, [](qint64 n) { return QStringLiteral("number %1").arg(n); },
             [](int i) { return QStringLiteral("position %1").arg(i); });
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         coding.show(2);
         QCOMPARE(box.currentIndex(), 1);
         QCOMPARE(coding.store(), std::optional<qint64>(2));

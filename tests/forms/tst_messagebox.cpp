@@ -1,5 +1,5 @@
 #include "forms/messagebox.h"
-#include "support/capturedlines.h"
+#include "support/captureddiagnostics.h"
 #include "support/modal.h"
 
 class TestMessageBox : public QObject
@@ -9,7 +9,7 @@ class TestMessageBox : public QObject
 private slots:
     void okIsAcceptedSilently()
     {
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         modal::Answer<QMessageBox> answer(modal::click(QMessageBox::Ok));
         QVERIFY(
             messagebox::accepted(nullptr, {QStringLiteral("Title"), QStringLiteral("<p>x</p>")}));
@@ -19,7 +19,7 @@ private slots:
 
     void anyOtherAnswerIsARejection()
     {
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         modal::Answer<QMessageBox> answer(modal::click(QMessageBox::Cancel));
         QVERIFY(!messagebox::accepted(nullptr, {QStringLiteral("Title"), QStringLiteral("<p>x</p>"),
                                                 QMessageBox::Ok | QMessageBox::Cancel,
@@ -30,7 +30,7 @@ private slots:
     void boxLooksAsAsked()
     {
         QWidget parent;
-        CapturedLines lines;
+        CapturedDiagnostics lines;
         modal::Answer<QMessageBox> answer([&](QMessageBox *box) {
             QCOMPARE(box->windowTitle(), QStringLiteral("Title"));
             QCOMPARE(box->text(), QStringLiteral("<p>x</p>"));
