@@ -33,10 +33,9 @@ private slots:
     void hidesWhatNoModelOrOptionAsksFor()
     {
         WindowUnderTest tool;
-        for (const char *name :
-             {"gb_Liveview_hotspotdetection", "gb_liveview_layerscaling",
-              "gb_pheriphery_externalshutteroptions", "label_eso_opt5", "sb_eso_opt5", "gb_VLC_cam",
-              "pbFactorySettings", "pb_TestWindow"})
+        for (const char *name : {"gb_Liveview_hotspotdetection", "gb_liveview_layerscaling",
+                                 "gb_pheriphery_externalshutteroptions", "label_eso_opt5",
+                                 "sb_eso_opt5", "gb_VLC_cam", "pbFactorySettings", "pb_TestWindow"})
             QVERIFY2(tool.hidden(name), name);
         QVERIFY(tool.widget("gb_pheriphery_externalshutteroptions")->isEnabled());
     }
@@ -51,9 +50,9 @@ private slots:
             titles << tabs->tabText(i);
             pages << tabs->widget(i)->objectName();
         }
-        QCOMPARE(titles, QStringList({"Periphery", "Trigger/FFC", "GPS/Serial", "SBUS/PPM",
-                                      "Extensions", "Video", "Visible Light Camera",
-                                      "Recordings"}));
+        QCOMPARE(titles,
+                 QStringList({"Periphery", "Trigger/FFC", "GPS/Serial", "SBUS/PPM", "Extensions",
+                              "Video", "Visible Light Camera", "Recordings"}));
         QCOMPARE(pages, QStringList({"tab_5", "tab_4", "tabSerial", "tab_SBUS", "tab_3",
                                      "tab_liveview", "tabVLC", "tab_2"}));
     }
