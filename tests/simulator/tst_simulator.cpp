@@ -1,0 +1,480 @@
+#include "support/simulatorprocess.h"
+#include "support/wire.h"
+
+#include <QSerialPort>
+#include <QtTest>
+
+#include <csignal>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+/// A client that talks to the camera as any program does: through a serial port.
+class Client
+{
+public:
+    bool open(const QString &path)
+    {
+        m_stream.clear();
+        m_port.setPortName(path);
+        m_port.setBaudRate(115200);
+        return m_port.open(QIODevice::ReadWrite);
+    }
+    void close() { m_port.close(); }
+
+    void send(const QByteArray &bytes)
+    {
+        m_port.write(bytes);
+        m_port.flush();
+    }
+
+    /// The next message; command 0xDEAD if none comes.
+    wire::Message receive(int timeout = 10000)
+    {
+        std::optional<wire::Message> message;
+        const bool arrived = QTest::qWaitFor(
+            [&] {
+                m_stream += m_port.readAll();
+                message = wire::take(m_stream);
+                return message.has_value();
+            },
+            timeout);
+        return arrived ? *message : wire::Message{0xDEAD, {}};
+    }
+
+    wire::Message ask(quint32 command, const QByteArray &payload = {})
+    {
+        send(wire::frame(command, payload));
+        return receive();
+    }
+
+    QSerialPort &port() { return m_port; }
+
+private:
+    QSerialPort m_port;
+    QByteArray m_stream;
+};
+
+/// A program that opens the device like a plain file and leaves the line's modes as they are.
+class RawClient
+{
+public:
+    explicit RawClient(const QString &path)
+        : m_device(::open(QFile::encodeName(path), O_RDWR | O_NOCTTY))
+    {
+    }
+    ~RawClient() { ::close(m_device); }
+
+    bool send(const QByteArray &bytes)
+    {
+        return ::write(m_device, bytes.constData(), size_t(bytes.size())) == bytes.size();
+    }
+
+    wire::Message receive()
+    {
+        for (;;) {
+            if (const auto message = wire::take(m_stream))
+                return *message;
+            pollfd readable{m_device, POLLIN, 0};
+            char buffer[4096];
+            const ssize_t count =
+                ::poll(&readable, 1, 10000) == 1 ? ::read(m_device, buffer, sizeof buffer) : 0;
+            if (count <= 0)
+                return {0xDEAD, {}};
+            m_stream.append(buffer, int(count));
+        }
+    }
+
+    QByteArray rest() const { return m_stream; }
+
+private:
+    int m_device;
+    QByteArray m_stream;
+};
+
+QByteArray target(const QString &link)
+{
+    char buffer[256];
+    const ssize_t length = ::readlink(QFile::encodeName(link), buffer, sizeof buffer);
+    return length < 0 ? QByteArray() : QByteArray(buffer, int(length));
+}
+
+struct Run
+{
+    int exitCode;
+    QByteArray out;
+    QByteArray err;
+};
+
+Run run(const QStringList &arguments)
+{
+    QProcess process;
+    process.start(QStringLiteral(BIN_DIR "/quorvix-simulator"), arguments);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(20000) || process.exitStatus() != QProcess::NormalExit)
+        return {-1, {}, {}};
+    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+} // namespace
+
+class tst_Simulator : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase() { QVERIFY(m_directory.isValid()); }
+
+    void printsTheDeviceAsItsFirstLine()
+    {
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start());
+        struct stat status;
+        QCOMPARE(::stat(QFile::encodeName(simulator.path()), &status), 0);
+        QVERIFY(S_ISCHR(status.st_mode));
+        QCOMPARE(simulator.stop(), 0);
+        QCOMPARE(simulator.paths().size(), 1);
+    }
+
+    void answersTheConfigurationRequestOverASerialPort()
+    {
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start());
+        Client client;
+        QVERIFY(client.open(simulator.path()));
+        client.send(QByteArray::fromHex("4b4f564f00000010000100010000"
+                                        "0066cd6e078b00"));
+        const wire::Message answer = client.receive();
+        QCOMPARE(answer.command, 202U);
+        QCOMPARE(answer.payload.size(), 224);
+        const QByteArray record = answer.payload.left(221);
+        QCOMPARE(answer.payload.mid(221, 2), wire::littleEndian(wire::recordCrc(record)));
+        QTRY_COMPARE(simulator.log(),
+                     (QStringList{"<- COMIO_CMD_GET_CONFIG (102), 0 bytes",
+                                  "-> COMIO_CMD_GET_CONFIG_REPLY_OK (202), 223 bytes"}));
+    }
+
+    void takesEveryByteValueInBothDirectionsUnchanged()
+    {
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start());
+        Client client;
+        QVERIFY(client.open(simulator.path()));
+        QByteArray record;
+        for (int i = 0; i < 416; ++i)
+            record += char(i);
+        QCOMPARE(client.ask(110, record).command, 210U);
+        QCOMPARE(client.ask(111).payload, record);
+    }
+
+    void neitherEchoesNorAltersWhatArrivesBeforeTheClientSetsItsModes()
+    {
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start());
+        RawClient client(simulator.path());
+        QByteArray record(416, '\0');
+        record.replace(0, 8, "\r\n\x03\x04\x11\x13\x1a\x7f");
+        QVERIFY(client.send(wire::frame(110, record)));
+        QVERIFY(client.send(wire::frame(111)));
+        QCOMPARE(client.receive().command, 210U);
+        const wire::Message answer = client.receive();
+        QCOMPARE(answer.command, 211U);
+        QCOMPARE(answer.payload, record);
+        QCOMPARE(client.rest(), QByteArray());
+    }
+
+    void tellsSerialNumberFirmwareAndModelAsAsked()
+    {
+        SimulatorProcess simulator;
+        QVERIFY(
+            simulator.start({"--model", "blend", "--serial", "A-77", "--firmware", "20170806"}));
+        Client client;
+        QVERIFY(client.open(simulator.path()));
+        const wire::Message answer = client.ask(116);
+        QCOMPARE(answer.command, 216U);
+        QCOMPARE(answer.payload, wire::littleEndian(0xC92A6CE6U) + wire::littleEndian(20170806) +
+                                     QByteArray("A-77\0\0\0\0", 8));
+        QCOMPARE(client.ask(102).payload.size(), 208);
+    }
+
+    void isNewEnoughByDefault()
+    {
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start());
+        Client client;
+        QVERIFY(client.open(simulator.path()));
+        const QByteArray identity = client.ask(116).payload;
+        QCOMPARE(identity.left(4), wire::littleEndian(0xA0AF139EU));
+        QVERIFY(qFromLittleEndian<quint32>(identity.constData() + 4) >= 20180122);
+        QVERIFY(identity.indexOf('\0', 8) > 8);
+    }
+
+    void ignoresFramesWithAWrongChecksumAndGarbage()
+    {
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start());
+        Client client;
+        QVERIFY(client.open(simulator.path()));
+        QByteArray damaged = wire::frame(102);
+        damaged[17] = char(damaged.at(17) ^ 1);
+        client.send("KOKOVnoise" + damaged + QByteArray(300, '\xAA'));
+        QCOMPARE(client.ask(116).command, 216U);
+        QTRY_VERIFY(simulator.log().contains("<- frame with a wrong CRC, ignored"));
+        QCOMPARE(simulator.paths().size(), 1);
+    }
+
+    void namesWhatItRefusesAndWhatItDoesNotKnowInItsLog()
+    {
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start());
+        Client client;
+        QVERIFY(client.open(simulator.path()));
+        QCOMPARE(client.ask(101, "short").command, 301U);
+        QCOMPARE(client.ask(77).command, 0U);
+        QTRY_COMPARE(
+            simulator.log(),
+            (QStringList{"<- COMIO_CMD_SET_CONFIG (101), 8 bytes: 8 bytes instead of 223",
+                         "-> COMIO_CMD_SET_CONFIG_REPLY_FAIL (301), 0 bytes",
+                         "<- unknown command (77), 0 bytes", "-> COMIO_CMD_UNKNOWN (0), 0 bytes"}));
+    }
+
+    void streamsGpsOnceASecond()
+    {
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start());
+        Client client;
+        QVERIFY(client.open(simulator.path()));
+        QCOMPARE(client.ask(125, "\1").command, 225U);
+        QElapsedTimer time;
+        time.start();
+        for (const char *type : {"$GPGGA,", "$GPRMC,"}) {
+            const wire::Message message = client.receive();
+            QCOMPARE(message.command, 226U);
+            QVERIFY(message.payload.startsWith(type));
+            QVERIFY(message.payload.contains('\0'));
+        }
+        QVERIFY(time.elapsed() >= 1900);
+        client.send(wire::frame(125, QByteArray(1, '\0')));
+        wire::Message last = client.receive();
+        while (last.command == 226U)
+            last = client.receive();
+        QCOMPARE(last.command, 225U);
+        QCOMPARE(client.receive(1500).command, 0xDEADU);
+    }
+
+    void keepsALinkInPlaceOfAStaleOneAndRemovesItAtTheEnd()
+    {
+        const QString link = m_directory.filePath("stale");
+        QCOMPARE(::symlink("/nowhere/at/all", QFile::encodeName(link)), 0);
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start({"--link", link}));
+        QCOMPARE(target(link), QFile::encodeName(simulator.path()));
+        Client client;
+        QVERIFY(client.open(link));
+        QCOMPARE(client.ask(116).command, 216U);
+        QCOMPARE(simulator.stop(), 0);
+        QVERIFY(target(link).isEmpty());
+    }
+
+    void neverReplacesARegularFileByItsLink()
+    {
+        const QString path = m_directory.filePath("precious");
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("content");
+        file.close();
+        const Run result = run({"--link", path});
+        QCOMPARE(result.exitCode, 2);
+        QCOMPARE(result.err.count('\n'), 1);
+        QVERIFY(result.err.contains("no symbolic link"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray("content"));
+    }
+
+    void leavesALinkThatSomeoneElseTookOver()
+    {
+        const QString link = m_directory.filePath("taken");
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start({"--link", link}));
+        QCOMPARE(::unlink(QFile::encodeName(link)), 0);
+        QCOMPARE(::symlink("/elsewhere", QFile::encodeName(link)), 0);
+        QCOMPARE(simulator.stop(), 0);
+        QCOMPARE(target(link), QByteArray("/elsewhere"));
+    }
+
+    void acknowledgesTheAllOnesCommandAndStaysWithoutRestart()
+    {
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start());
+        Client client;
+        QVERIFY(client.open(simulator.path()));
+        QCOMPARE(client.ask(0xFFFFFFFF).command, 99U);
+        QCOMPARE(client.ask(116).command, 216U);
+        QCOMPARE(simulator.paths().size(), 1);
+    }
+
+    void vanishesForASecondAndComesBackUnderItsLink()
+    {
+        const QString link = m_directory.filePath("restarting");
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start({"--restart", "--link", link}));
+        Client client;
+        QVERIFY(client.open(link));
+        // Closing in the handler, as a hung-up port repeats its error without end.
+        connect(&client.port(), &QSerialPort::errorOccurred, &client.port(), [&] {
+            if (client.port().isOpen())
+                client.close();
+        });
+        client.ask(125, "\1");
+        QElapsedTimer time;
+        client.send(wire::frame(0xFFFFFFFF));
+        wire::Message answer = client.receive();
+        while (answer.command == 226U)
+            answer = client.receive();
+        QCOMPARE(answer.command, 99U);
+        QTRY_VERIFY(!client.port().isOpen());
+        time.start();
+        QVERIFY(target(link).isEmpty());
+
+        QTRY_COMPARE(simulator.paths().size(), 2);
+        QVERIFY(time.elapsed() >= 800);
+        QTRY_COMPARE(target(link), QFile::encodeName(simulator.path()));
+        client.port().disconnect();
+        QVERIFY(client.open(link));
+        QCOMPARE(client.ask(116).command, 216U);
+        QCOMPARE(simulator.stop(), 0);
+        QVERIFY(target(link).isEmpty());
+    }
+
+    void servesOneClientAfterTheOther()
+    {
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start());
+        for (int i = 0; i < 5; ++i) {
+            Client client;
+            QVERIFY(client.open(simulator.path()));
+            QCOMPARE(client.ask(116).command, 216U);
+            client.close();
+        }
+    }
+
+    void answersManyRequestsOfAClientThatReadsLate()
+    {
+        // Far more than the line holds: the camera has to hold the rest back.
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start());
+        RawClient client(simulator.path());
+        constexpr int count = 200;
+        for (int i = 0; i < count; ++i)
+            QVERIFY(client.send(wire::frame(102)));
+        QTRY_COMPARE(simulator.log().filter("-> ").size(), count);
+        for (int i = 0; i < count; ++i)
+            QCOMPARE(client.receive().command, 202U);
+    }
+
+    void keepsAWrittenRecordAcrossRuns()
+    {
+        const QStringList arguments{"--state", m_directory.filePath("state")};
+        QByteArray record;
+        {
+            SimulatorProcess simulator;
+            QVERIFY(simulator.start(arguments));
+            Client client;
+            QVERIFY(client.open(simulator.path()));
+            record = client.ask(102).payload.left(221);
+            record[87] = 123;
+            record += wire::littleEndian(wire::recordCrc(record));
+            QCOMPARE(client.ask(101, record).command, 201U);
+        }
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start(arguments));
+        Client client;
+        QVERIFY(client.open(simulator.path()));
+        QCOMPARE(client.ask(102).payload.left(223), record);
+    }
+
+    void endsWithItsStandardInputOnlyIfAsked()
+    {
+        const Run ended = run({"--exit-with-stdin"});
+        QCOMPARE(ended.exitCode, 0);
+        QVERIFY(ended.out.startsWith("/dev/"));
+
+        QProcess process;
+        process.start(QStringLiteral(BIN_DIR "/quorvix-simulator"), QStringList());
+        process.closeWriteChannel();
+        QVERIFY(process.waitForReadyRead(20000));
+        Client client;
+        QVERIFY(client.open(QString::fromLocal8Bit(process.readLine().trimmed())));
+        QCOMPARE(client.ask(116).command, 216U);
+        ::kill(pid_t(process.processId()), SIGINT);
+        QVERIFY(process.waitForFinished(10000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 0);
+    }
+
+    void isSilentOnStandardErrorWithoutLog()
+    {
+        QProcess process;
+        process.start(QStringLiteral(BIN_DIR "/quorvix-simulator"), QStringList());
+        QVERIFY(process.waitForReadyRead(20000));
+        Client client;
+        QVERIFY(client.open(QString::fromLocal8Bit(process.readLine().trimmed())));
+        QByteArray damaged = wire::frame(102);
+        damaged[17] = char(damaged.at(17) ^ 1);
+        client.send(damaged);
+        QCOMPARE(client.ask(116).command, 216U);
+        process.terminate();
+        QVERIFY(process.waitForFinished(10000));
+        QCOMPARE(process.readAllStandardError(), QByteArray());
+        QCOMPARE(process.readAllStandardOutput(), QByteArray());
+    }
+
+    void refusesBadOptionsWithOneLine_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("unknown option") << QStringList{"--nonsense"};
+        QTest::newRow("unknown model") << QStringList{"--model", "blend zoom"};
+        QTest::newRow("firmware with letters") << QStringList{"--firmware", "2019o801"};
+        QTest::newRow("firmware that is no date") << QStringList{"--firmware", "20191301"};
+        QTest::newRow("short firmware") << QStringList{"--firmware", "201908"};
+        QTest::newRow("serial number beyond ASCII") << QStringList{"--serial", "é"};
+        QTest::newRow("serial number without end") << QStringList{"--serial", QString(65, 'x')};
+        QTest::newRow("missing record") << QStringList{"--config", "/nowhere/record.bin"};
+        QTest::newRow("no record") << QStringList{"--config", "/dev/null"};
+        QTest::newRow("no factory record") << QStringList{"--factory", "/dev/null"};
+        QTest::newRow("record for a 2.0") << QStringList{"--model", "2.0", "--config", "x"};
+        QTest::newRow("no directory") << QStringList{"--state", "/dev/null/state"};
+        QTest::newRow("link in no directory") << QStringList{"--link", "/nowhere/link"};
+        QTest::newRow("argument") << QStringList{"camera"};
+    }
+    void refusesBadOptionsWithOneLine()
+    {
+        QFETCH(QStringList, arguments);
+        const Run result = run(arguments);
+        QCOMPARE(result.exitCode, 2);
+        QCOMPARE(result.out, QByteArray());
+        QCOMPARE(result.err.count('\n'), 1);
+        QVERIFY(result.err.startsWith("quorvix-simulator: "));
+    }
+
+    void tellsItsVersionAndItsOptions()
+    {
+        const Run version = run({"--version"});
+        QCOMPARE(version.exitCode, 0);
+        QVERIFY(version.out.contains("2.19"));
+        const Run help = run({"--help"});
+        QCOMPARE(help.exitCode, 0);
+        for (const char *option : {"--model", "--serial", "--firmware", "--config", "--factory",
+                                   "--state", "--link", "--log", "--restart", "--exit-with-stdin"})
+            QVERIFY2(help.out.contains(option), option);
+    }
+
+private:
+    QTemporaryDir m_directory;
+};
+
+QTEST_GUILESS_MAIN(tst_Simulator)
+#include "tst_simulator.moc"
