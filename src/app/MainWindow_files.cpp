@@ -125,8 +125,9 @@ void MainWindow::on_actionOpen_triggered()
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setNameFilter(QStringLiteral("Binary files (*.bin *.BIN)"));
     dialog.setViewMode(QFileDialog::Detail);
-    QFile file(chosenFile(dialog));
-    if (!file.open(QIODevice::ReadOnly))
+    const QString path = chosenFile(dialog);
+    QFile file(path);
+    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
         return;
     const QByteArray bytes = file.read(qMin(file.size(), longestRead));
     parseUnknownControlStruct(QVector<unsigned char>(bytes.begin(), bytes.end()));

@@ -1,0 +1,550 @@
+#include "support/cameraend.h"
+#include "support/captureddiagnostics.h"
+#include "support/modal.h"
+#include "support/records.h"
+#include "support/windowundertest.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QFile>
+#include <QLineEdit>
+#include <QSpinBox>
+#include <QTemporaryDir>
+
+namespace {
+
+constexpr quint32 keyBlend = 0xC92A6CE6;
+constexpr quint32 keyBlendZoom = 0xA0AF139E;
+constexpr quint32 key20 = 0xA0AF139F;
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<unreadable>");
+}
+
+void write(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(path));
+}
+
+/// A record that the form can show, with a delay and a frame skip to recognise it by.
+QByteArray zoomRecord()
+{
+    QByteArray record = records::blendZoom();
+    records::put<quint32>(record, 12, 9600);
+    record[17] = 1;
+    record[72] = 3;
+    records::put<quint32>(record, 80, 77000);
+    record[84] = 85;
+    records::put<quint32>(record, 87, 4711);
+    return records::sealed(record);
+}
+
+QByteArray blendRecord()
+{
+    QByteArray record = records::blend();
+    records::put<quint32>(record, 12, 9600);
+    record[17] = 1;
+    records::put<quint32>(record, 69, 66000);
+    records::put<quint32>(record, 74, 1234);
+    return records::sealed(record);
+}
+
+} // namespace
+
+class TestMainWindowFiles : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_dir;
+
+    QString path(const char *name) const { return m_dir.filePath(QString::fromLatin1(name)); }
+
+    /// A window with a port open to `camera` and `key` as its model, its identity request read.
+    static bool connected(WindowUnderTest &tool, CameraEnd &camera, quint32 key)
+    {
+        return tool.connectTo(camera.path()) && tool.chooseModel(key) == (key != key20);
+    }
+
+private slots:
+    void initTestCase()
+    {
+        modal::useQtDialogs();
+        QVERIFY(m_dir.isValid());
+    }
+
+    // Reading and writing on the camera
+
+    void readingRequestsTheConfiguration_data()
+    {
+        QTest::addColumn<quint32>("key");
+        QTest::newRow("Blend") << keyBlend;
+        QTest::newRow("Blend Zoom") << keyBlendZoom;
+    }
+
+    void readingRequestsTheConfiguration()
+    {
+        QFETCH(quint32, key);
+        CapturedDiagnostics lines;
+        CameraEnd camera;
+        WindowUnderTest tool;
+        QVERIFY(connected(tool, camera, key));
+        tool.get<QPushButton>("btnReadConf")->click();
+        // the example of the protocol: 21 bytes
+        QTRY_VERIFY(camera.received().endsWith(
+            QByteArray::fromHex("4b4f564f0000001000010001000000 66cd6e078b00")));
+        QCOMPARE(camera.count(102), 1);
+        QVERIFY(tool.busy());
+    }
+
+    void readingWithoutAModelIsRefused_data()
+    {
+        QTest::addColumn<quint32>("key");
+        QTest::newRow("none") << 0U;
+        QTest::newRow("2.0") << key20;
+    }
+
+    void readingWithoutAModelIsRefused()
+    {
+        QFETCH(quint32, key);
+        CapturedDiagnostics lines;
+        CameraEnd camera;
+        WindowUnderTest tool;
+        QVERIFY(tool.connectTo(camera.path()));
+        QTRY_COMPARE(camera.count(116), 1);
+        if (key != 0)
+            tool.chooseModel(key);
+        lines.clear();
+        tool.window.on_btnReadConf_clicked();
+        QCOMPARE(lines.err(),
+                 QStringLiteral("MainWindow::requestConfig() DEVICE NOT IMPLEMENTED\n"));
+        QCOMPARE(camera.commands(), QVector<quint32>{116});
+    }
+
+    void writingAsksFirst()
+    {
+        CapturedDiagnostics lines;
+        CameraEnd camera;
+        WindowUnderTest tool;
+        QVERIFY(connected(tool, camera, keyBlendZoom));
+        lines.clear();
+        modal::Answer<QMessageBox> answer([&](QMessageBox *box) {
+            QCOMPARE(box->windowTitle(), QStringLiteral("Save configuration"));
+            QCOMPARE(box->text(),
+                     QStringLiteral("<p>You are going to save a new configuration.<br>The device "
+                                    "will be restartet.<br>Are you sure to proceed?</p>"));
+            QCOMPARE(box->icon(), QMessageBox::Warning);
+            QCOMPARE(box->standardButtons(), QMessageBox::Ok | QMessageBox::Cancel);
+            QCOMPARE(box->defaultButton(),
+                     qobject_cast<QPushButton *>(box->button(QMessageBox::Cancel)));
+            QCOMPARE(box->parentWidget(), &tool.window);
+            box->button(QMessageBox::Cancel)->click();
+        });
+        tool.get<QPushButton>("btnSetConf")->click();
+        QVERIFY(answer.given());
+        QCOMPARE(lines.out(), QStringLiteral("<<< dialog rejected\n"));
+        QTRY_COMPARE(camera.commands(), QVector<quint32>{116});
+    }
+
+    void confirmedWriteSendsTheWholeRecord_data()
+    {
+        QTest::addColumn<quint32>("key");
+        QTest::addColumn<int>("size");
+        QTest::addColumn<int>("padded");
+        QTest::newRow("Blend") << keyBlend << 207 << 208;
+        QTest::newRow("Blend Zoom") << keyBlendZoom << 223 << 224;
+    }
+
+    void confirmedWriteSendsTheWholeRecord()
+    {
+        QFETCH(quint32, key);
+        QFETCH(int, size);
+        QFETCH(int, padded);
+        CapturedDiagnostics lines;
+        CameraEnd camera;
+        WindowUnderTest tool;
+        QVERIFY(connected(tool, camera, key));
+        modal::Answer<QMessageBox> answer(modal::click(QMessageBox::Ok));
+        tool.get<QPushButton>("btnSetConf")->click();
+        QTRY_COMPARE(camera.count(101), 1);
+        const QByteArray payload = camera.last(101);
+        QCOMPARE(payload.size(), padded);
+        const QByteArray record = payload.left(size);
+        QCOMPARE(records::get<quint32>(record, 0), key);
+        QCOMPARE(record, records::sealed(record));
+        QVERIFY(tool.busy());
+        // acknowledged: the all-ones command follows
+        QVERIFY(camera.send(201));
+        QTRY_COMPARE(camera.count(0xFFFFFFFF), 1);
+        QVERIFY(camera.last(0xFFFFFFFF).isEmpty());
+        QVERIFY(tool.busy());
+        QVERIFY(camera.send(99));
+        QTRY_VERIFY(!tool.busy());
+    }
+
+    void writingWithoutAModelIsRefused()
+    {
+        CapturedDiagnostics lines;
+        WindowUnderTest tool;
+        modal::Answer<QMessageBox> answer(modal::click(QMessageBox::Ok));
+        tool.window.on_btnSetConf_clicked();
+        QVERIFY(answer.given());
+        QCOMPARE(lines.err(),
+                 QStringLiteral("MainWindow::on_btnSetConf_clicked(): not implemeted\n"));
+    }
+
+    // The file of the 2.0 model
+
+    void the20FileIsWrittenOverAnExistingOneWithoutCuttingIt()
+    {
+        CapturedDiagnostics lines;
+        const QString file = path("QX20.BIN");
+        write(file, QByteArray(1000, 'x'));
+        WindowUnderTest tool;
+        tool.chooseModel(key20);
+        lines.clear();
+        modal::Answer<QMessageBox> confirm(modal::click(QMessageBox::Ok));
+        // Qt's own question about the existing file comes on top of the file dialog.
+        std::unique_ptr<modal::Answer<QFileDialog>> choose;
+        std::unique_ptr<modal::Answer<QMessageBox>> overwrite;
+        choose = std::make_unique<modal::Answer<QFileDialog>>([&](QFileDialog *dialog) {
+            QCOMPARE(dialog->windowTitle(), QStringLiteral("Save File"));
+            QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
+            overwrite =
+                std::make_unique<modal::Answer<QMessageBox>>(modal::click(QMessageBox::Yes));
+            modal::choose(file)(dialog);
+        });
+        tool.window.on_btnSetConf_clicked();
+        QVERIFY(choose->given());
+        QVERIFY(overwrite && overwrite->given());
+        QCOMPARE(contentOf(file), QByteArray(207, '\0') + QByteArray(793, 'x'));
+        QVERIFY(lines.out().isEmpty());
+    }
+
+    void the20FileIsCreated()
+    {
+        const QString file = path("new20.BIN");
+        WindowUnderTest tool;
+        modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
+            auto *name = dialog->findChild<QLineEdit *>("fileNameEdit");
+            QCOMPARE(name->text(), QStringLiteral("QXCONFIG.BIN"));
+            QCOMPARE(dialog->nameFilters(), QStringList{".BIN"});
+            modal::choose(file)(dialog);
+        });
+        tool.window.setConfig_qx_2_0();
+        QCOMPARE(contentOf(file), QByteArray(207, '\0'));
+        QVERIFY(QFile::permissions(file) & QFileDevice::ExeOwner);
+    }
+
+    void cancelled20FileIsAFailedOpen()
+    {
+        CapturedDiagnostics lines;
+        WindowUnderTest tool;
+        modal::Answer<QFileDialog> cancel(modal::cancel<QFileDialog>());
+        tool.window.setConfig_qx_2_0();
+        QCOMPARE(lines.out(), QStringLiteral("Error opening file!\n"));
+    }
+
+    void full20DiskIsReported()
+    {
+        if (!QFile::exists("/dev/full"))
+            QSKIP("no /dev/full here");
+        CapturedDiagnostics lines;
+        WindowUnderTest tool;
+        std::unique_ptr<modal::Answer<QMessageBox>> overwrite;
+        modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
+            overwrite =
+                std::make_unique<modal::Answer<QMessageBox>>(modal::click(QMessageBox::Yes));
+            modal::choose("/dev/full")(dialog);
+        });
+        tool.window.setConfig_qx_2_0();
+        QCOMPARE(lines.out(), QStringLiteral("Error writing data to file\n"));
+    }
+
+    // Loading
+
+    void loadingOfflineFillsTheFormAndAsksNothing_data()
+    {
+        QTest::addColumn<QByteArray>("record");
+        QTest::addColumn<int>("delay");
+        QTest::addColumn<QString>("frameSkip");
+        QTest::newRow("Blend") << blendRecord() << 66 << "1234";
+        QTest::newRow("Blend Zoom") << zoomRecord() << 77 << "4711";
+    }
+
+    void loadingOfflineFillsTheFormAndAsksNothing()
+    {
+        QFETCH(QByteArray, record);
+        QFETCH(int, delay);
+        QFETCH(QString, frameSkip);
+        CapturedDiagnostics lines;
+        const QString file = path("load.bin");
+        write(file, record);
+        WindowUnderTest tool;
+        modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
+            QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFile);
+            QCOMPARE(dialog->nameFilters(), QStringList{"Binary files (*.bin *.BIN)"});
+            QCOMPARE(dialog->viewMode(), QFileDialog::Detail);
+            QCOMPARE(dialog->parentWidget(), &tool.window);
+            modal::choose(file)(dialog);
+        });
+        tool.get<QAction>("actionOpen")->trigger();
+        QVERIFY(choose.given());
+        QCOMPARE(tool.get<QSpinBox>("sbFFCdelay")->value(), delay);
+        QCOMPARE(tool.get<QLineEdit>("leFrameSkip")->text(), frameSkip);
+        QVERIFY(lines.out().isEmpty());
+    }
+
+    void loadingWhileConnectedOffersTwiceToWrite()
+    {
+        CapturedDiagnostics lines;
+        const QString file = path("offer.bin");
+        write(file, zoomRecord());
+        CameraEnd camera;
+        WindowUnderTest tool;
+        QVERIFY(connected(tool, camera, keyBlendZoom));
+        std::unique_ptr<modal::Answer<QMessageBox>> save;
+        std::unique_ptr<modal::Answer<QMessageBox>> loaded;
+        modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
+            loaded = std::make_unique<modal::Answer<QMessageBox>>([&](QMessageBox *box) {
+                QCOMPARE(box->windowTitle(), QStringLiteral("Configuration loaded"));
+                QCOMPARE(box->text(), QStringLiteral("<p>The new configuration was succesfully "
+                                                     "loaded.<br>Do you want to save the settings "
+                                                     "on your device?</p>"));
+                QCOMPARE(box->icon(), QMessageBox::Warning);
+                QCOMPARE(box->standardButtons(), QMessageBox::Ok | QMessageBox::Cancel);
+                QCOMPARE(box->defaultButton(),
+                         qobject_cast<QPushButton *>(box->button(QMessageBox::Cancel)));
+                QCOMPARE(camera.count(101), 0);
+                save = std::make_unique<modal::Answer<QMessageBox>>([&](QMessageBox *second) {
+                    QCOMPARE(second->windowTitle(), QStringLiteral("Save configuration"));
+                    QCOMPARE(camera.count(101), 0);
+                    second->button(QMessageBox::Ok)->click();
+                });
+                box->button(QMessageBox::Ok)->click();
+            });
+            modal::choose(file)(dialog);
+        });
+        tool.get<QAction>("actionOpen")->trigger();
+        QVERIFY(save && save->given());
+        QTRY_COMPARE(camera.count(101), 1);
+        QCOMPARE(records::get<quint32>(camera.last(101), 87), 4711U);
+    }
+
+    void declinedOfferSendsNothing()
+    {
+        CapturedDiagnostics lines;
+        const QString file = path("decline.bin");
+        write(file, zoomRecord());
+        CameraEnd camera;
+        WindowUnderTest tool;
+        QVERIFY(connected(tool, camera, keyBlendZoom));
+        std::unique_ptr<modal::Answer<QMessageBox>> loaded;
+        modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
+            loaded =
+                std::make_unique<modal::Answer<QMessageBox>>(modal::click(QMessageBox::Cancel));
+            modal::choose(file)(dialog);
+        });
+        tool.get<QAction>("actionOpen")->trigger();
+        QVERIFY(loaded && loaded->given());
+        QVERIFY(lines.out().endsWith(QStringLiteral("<<< dialog rejected\n")));
+        QCOMPARE(camera.count(101), 0);
+    }
+
+    void theFilesKeyChoosesTheLayoutNotTheCamera()
+    {
+        CapturedDiagnostics lines;
+        const QString file = path("other.bin");
+        write(file, zoomRecord());
+        CameraEnd camera;
+        WindowUnderTest tool;
+        QVERIFY(connected(tool, camera, keyBlend));
+        std::unique_ptr<modal::Answer<QMessageBox>> save;
+        std::unique_ptr<modal::Answer<QMessageBox>> loaded;
+        modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
+            loaded = std::make_unique<modal::Answer<QMessageBox>>([&](QMessageBox *box) {
+                save = std::make_unique<modal::Answer<QMessageBox>>(modal::click(QMessageBox::Ok));
+                box->button(QMessageBox::Ok)->click();
+            });
+            modal::choose(file)(dialog);
+        });
+        tool.get<QAction>("actionOpen")->trigger();
+        QTRY_COMPARE(camera.count(101), 1);
+        QCOMPARE(records::get<quint32>(camera.last(101), 0), keyBlend);
+        QCOMPARE(records::get<quint32>(camera.last(101), 74), 4711U);
+    }
+
+    void badFileIsRefusedAndClosesThePort_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QByteArray record20 = records::blend();
+        records::put<quint32>(record20, 0, key20);
+        QByteArray damaged = zoomRecord();
+        damaged[100] = static_cast<char>(damaged[100] ^ 4);
+        QTest::newRow("2.0 file") << records::sealed(record20);
+        QTest::newRow("damaged") << damaged;
+        QTest::newRow("short") << zoomRecord().left(222);
+        QTest::newRow("header only") << zoomRecord().left(12);
+        QTest::newRow("empty") << QByteArray();
+        QTest::newRow("text") << QByteArray("this is no configuration at all\n");
+    }
+
+    void badFileIsRefusedAndClosesThePort()
+    {
+        QFETCH(QByteArray, content);
+        CapturedDiagnostics lines;
+        const QString file = path("bad.bin");
+        write(file, content);
+        CameraEnd camera;
+        WindowUnderTest tool;
+        QVERIFY(connected(tool, camera, keyBlendZoom));
+        tool.get<QSpinBox>("sbFFCdelay")->setValue(55);
+        tool.get<QLineEdit>("leFrameSkip")->setText("55");
+        lines.clear();
+        modal::Answer<QFileDialog> choose(modal::choose(file));
+        tool.get<QAction>("actionOpen")->trigger();
+        QVERIFY(choose.given());
+        QVERIFY(lines.err().endsWith(
+            QStringLiteral("MainWindow::parseUnknownControlStruct() not a valid struct\n")));
+        QCOMPARE(tool.get<QPushButton>("btConnectDisconnect")->text(), QStringLiteral("Connect"));
+        QCOMPARE(tool.get<QSpinBox>("sbFFCdelay")->value(), 55);
+        QCOMPARE(tool.get<QLineEdit>("leFrameSkip")->text(), QStringLiteral("55"));
+    }
+
+    void cancelledDialogsTouchNothing()
+    {
+        CapturedDiagnostics lines;
+        CameraEnd camera;
+        WindowUnderTest tool;
+        QVERIFY(connected(tool, camera, keyBlendZoom));
+        lines.clear();
+        const QStringList before = QDir(m_dir.path()).entryList();
+        {
+            modal::Answer<QFileDialog> cancel(modal::cancel<QFileDialog>());
+            tool.get<QAction>("actionOpen")->trigger();
+        }
+        {
+            modal::Answer<QFileDialog> cancel(modal::cancel<QFileDialog>());
+            tool.get<QAction>("actionSave")->trigger();
+        }
+        QCOMPARE(QDir(m_dir.path()).entryList(), before);
+        QVERIFY(lines.out().isEmpty());
+        QVERIFY(lines.err().isEmpty());
+        QCOMPARE(tool.get<QPushButton>("btConnectDisconnect")->text(),
+                 QStringLiteral("Disconnect"));
+    }
+
+    // Saving
+
+    void savedFileIsTheBareRecordAndComesBack_data()
+    {
+        QTest::addColumn<quint32>("key");
+        QTest::addColumn<QByteArray>("record");
+        QTest::newRow("Blend") << keyBlend << blendRecord();
+        QTest::newRow("Blend Zoom") << keyBlendZoom << zoomRecord();
+    }
+
+    void savedFileIsTheBareRecordAndComesBack()
+    {
+        QFETCH(quint32, key);
+        QFETCH(QByteArray, record);
+        CapturedDiagnostics lines;
+        const QString file = path("saved.bin");
+        QFile::remove(file);
+        WindowUnderTest tool;
+        QVERIFY(tool.chooseModel(key));
+        QVERIFY(tool.window.parseUnknownControlStruct(records::payload(record)));
+        modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
+            QCOMPARE(dialog->fileMode(), QFileDialog::AnyFile);
+            QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
+            QCOMPARE(dialog->nameFilters(), QStringList{"Binary files (*bin *.BIN)"});
+            QCOMPARE(dialog->viewMode(), QFileDialog::List);
+            QVERIFY(dialog->findChild<QLineEdit *>("fileNameEdit")->text().isEmpty());
+            modal::choose(file)(dialog);
+        });
+        tool.get<QAction>("actionSave")->trigger();
+        const QByteArray saved = contentOf(file);
+        QCOMPARE(saved.size(), record.size());
+        QCOMPARE(saved, records::sealed(saved));
+
+        WindowUnderTest second;
+        QVERIFY(second.chooseModel(key));
+        QVERIFY(second.window.parseUnknownControlStruct(records::payload(saved)));
+        const QString again = path("again.bin");
+        QFile::remove(again);
+        modal::Answer<QFileDialog> chooseAgain(modal::choose(again));
+        second.get<QAction>("actionSave")->trigger();
+        QCOMPARE(contentOf(again), saved);
+    }
+
+    void existingFileIsReplacedOnlyAfterTheQuestion()
+    {
+        CapturedDiagnostics lines;
+        const QString file = path("existing.bin");
+        write(file, QByteArray(1000, 'x'));
+        WindowUnderTest tool;
+        QVERIFY(tool.chooseModel(keyBlend));
+        {
+            std::unique_ptr<modal::Answer<QMessageBox>> overwrite;
+            modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
+                overwrite =
+                    std::make_unique<modal::Answer<QMessageBox>>(modal::click(QMessageBox::No));
+                modal::choose(file)(dialog); // declined: the dialog stays open
+                static_cast<QDialog *>(dialog)->reject();
+            });
+            tool.get<QAction>("actionSave")->trigger();
+            QVERIFY(overwrite && overwrite->given());
+        }
+        QCOMPARE(contentOf(file).size(), 1000);
+        std::unique_ptr<modal::Answer<QMessageBox>> overwrite;
+        modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
+            overwrite =
+                std::make_unique<modal::Answer<QMessageBox>>(modal::click(QMessageBox::Yes));
+            modal::choose(file)(dialog);
+        });
+        tool.get<QAction>("actionSave")->trigger();
+        QCOMPARE(contentOf(file).size(), 207);
+    }
+
+    void savingWithoutAModelLeavesAnEmptyFile()
+    {
+        CapturedDiagnostics lines;
+        const QString file = path("unsupported.bin");
+        WindowUnderTest tool;
+        modal::Answer<QFileDialog> choose(modal::choose(file));
+        tool.get<QAction>("actionSave")->trigger();
+        QCOMPARE(lines.err(), QStringLiteral("<<< not implemeted\n"));
+        QVERIFY(QFile::exists(file));
+        QCOMPARE(contentOf(file), QByteArray());
+    }
+
+    void fileThatCannotBeOpenedIsLeftSilently()
+    {
+        CapturedDiagnostics lines;
+        write(path("plain"), "x");
+        WindowUnderTest tool;
+        QVERIFY(tool.chooseModel(keyBlend));
+        lines.clear();
+        modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
+            // A path below a regular file: the dialog itself may refuse it with a box.
+            auto *refusal = new QTimer(dialog);
+            connect(refusal, &QTimer::timeout, [] {
+                if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
+                    box->accept();
+            });
+            refusal->start(5);
+            modal::choose(path("plain") + "/below.bin")(dialog);
+            static_cast<QDialog *>(dialog)->reject();
+        });
+        tool.get<QAction>("actionSave")->trigger();
+        QVERIFY(lines.out().isEmpty());
+        QVERIFY(lines.err().isEmpty());
+        QCOMPARE(contentOf(path("plain")), QByteArray("x"));
+    }
+};
+
+QTEST_MAIN(TestMainWindowFiles)
+#include "tst_mainwindow_files.moc"
