@@ -9,6 +9,7 @@
 #include <cstring>
 
 // Offsets count from the length field: the magic is neither stored nor covered by the CRC.
+static constexpr std::size_t MagicSize = 4;
 static constexpr uint32_t LengthFieldSize = 4;
 static constexpr uint32_t PartNumberOffset = 4;
 static constexpr uint32_t PartCountOffset = 6;
@@ -24,10 +25,17 @@ static constexpr uint32_t ReassemblyLimit = 102400;
 void FrameParser::feed(const QByteArray &bytes, const Handler &handler)
 {
     const auto *begin = reinterpret_cast<const uint8_t *>(bytes.constData());
-    Chunk chunk{begin, begin + bytes.size(), handler, m_latest};
+    const auto size = static_cast<std::size_t>(bytes.size());
+    Chunk *const earlier = m_latest;
+    // Bytes amid a frame only have to be stored.
+    if (m_state == State::Body && !earlier && size < bodyMissing()) {
+        storeBody(begin, size);
+        return;
+    }
+    Chunk chunk{begin, begin + size, handler, earlier};
     m_latest = &chunk;
     drain(chunk);
-    m_latest = chunk.earlier;
+    m_latest = earlier;
 }
 
 void FrameParser::drain(Chunk &chunk)
@@ -75,6 +83,12 @@ void FrameParser::step(Chunk &chunk)
 
 void FrameParser::hunt(Chunk &chunk)
 {
+    // Usually the next frame follows at once and lies here with its whole magic.
+    if (chunk.available() >= MagicSize && std::memcmp(chunk.next, "KOVO", MagicSize) == 0) {
+        chunk.next += MagicSize;
+        m_state = State::Length;
+        return;
+    }
     const void *found = std::memchr(chunk.next, 'K', chunk.available());
     if (!found) {
         chunk.next = chunk.end;
@@ -125,18 +139,27 @@ void FrameParser::takeBody(Chunk &chunk)
         return;
     }
 
-    // The trailer is stored at index m_length; a length below 4 has been passed before the body
-    // began, so that such a frame goes on until the buffer is full.
-    const uint32_t end = m_length < LengthFieldSize ? BodyLimit : m_length + 1;
-    const std::size_t size = std::min<std::size_t>(chunk.available(), end - m_count);
-    if (size == 1)
-        m_buffer[m_count] = *chunk.next;
-    else
-        std::memcpy(m_buffer.data() + m_count, chunk.next, size);
+    const std::size_t size = std::min(chunk.available(), bodyMissing());
+    storeBody(chunk.next, size);
     chunk.next += size;
-    m_count += static_cast<uint32_t>(size);
     if (m_count == m_length + 1)
         finishFrame(m_buffer.data(), chunk.handler);
+}
+
+std::size_t FrameParser::bodyMissing() const
+{
+    // The trailer is stored at index m_length; a length below 4 has been passed before the body
+    // began, so that such a frame goes on until the buffer is full.
+    return (m_length < LengthFieldSize ? BodyLimit : m_length + 1) - m_count;
+}
+
+void FrameParser::storeBody(const uint8_t *bytes, std::size_t size)
+{
+    if (size == 1)
+        m_buffer[m_count] = *bytes;
+    else
+        std::memcpy(m_buffer.data() + m_count, bytes, size);
+    m_count += static_cast<uint32_t>(size);
 }
 
 void FrameParser::finishFrame(const uint8_t *frame, const Handler &handler)

@@ -45,6 +45,8 @@ private:
     void hunt(Chunk &chunk);
     void takeLength(Chunk &chunk);
     void takeBody(Chunk &chunk);
+    std::size_t bodyMissing() const;
+    void storeBody(const uint8_t *bytes, std::size_t size);
     void finishFrame(const uint8_t *frame, const Handler &handler);
     void restart();
 
