@@ -22,20 +22,38 @@ static constexpr uint32_t MaximumLength = 1024;
 static constexpr uint32_t BodyLimit = 0x3FFFF; // no body byte is stored at or beyond this index
 static constexpr uint32_t ReassemblyLimit = 102400;
 
+inline std::size_t FrameParser::bodyMissing() const
+{
+    // The trailer is stored at index m_length; a length below 4 has been passed before the body
+    // began, so that such a frame goes on until the buffer is full.
+    return (m_length < LengthFieldSize ? BodyLimit : m_length + 1) - m_count;
+}
+
+inline void FrameParser::storeBody(const uint8_t *bytes, std::size_t size)
+{
+    if (size == 1)
+        m_buffer[m_count] = *bytes;
+    else
+        std::memcpy(m_buffer.data() + m_count, bytes, size);
+    m_count += static_cast<uint32_t>(size);
+}
+
 void FrameParser::feed(const QByteArray &bytes, const Handler &handler)
 {
     const auto *begin = reinterpret_cast<const uint8_t *>(bytes.constData());
     const auto size = static_cast<std::size_t>(bytes.size());
-    Chunk *const earlier = m_latest;
     // Bytes amid a frame only have to be stored.
-    if (m_state == State::Body && !earlier && size < bodyMissing()) {
+    if (m_state == State::Body && !m_latest && size < bodyMissing())
         storeBody(begin, size);
-        return;
-    }
-    Chunk chunk{begin, begin + size, handler, earlier};
+    else
+        enqueue({begin, begin + size, handler, m_latest});
+}
+
+void FrameParser::enqueue(Chunk chunk)
+{
     m_latest = &chunk;
     drain(chunk);
-    m_latest = earlier;
+    m_latest = chunk.earlier;
 }
 
 void FrameParser::drain(Chunk &chunk)
@@ -87,6 +105,8 @@ void FrameParser::hunt(Chunk &chunk)
     if (chunk.available() >= MagicSize && std::memcmp(chunk.next, "KOVO", MagicSize) == 0) {
         chunk.next += MagicSize;
         m_state = State::Length;
+        if (chunk.available() > 0)
+            takeLength(chunk);
         return;
     }
     const void *found = std::memchr(chunk.next, 'K', chunk.available());
@@ -127,6 +147,8 @@ void FrameParser::takeLength(Chunk &chunk)
         std::memcpy(m_buffer.data(), frame, PayloadOffset);
         chunk.next = frame + m_length + 1;
         finishFrame(frame, chunk.handler);
+    } else if (chunk.available() > 0) {
+        takeBody(chunk);
     }
 }
 
@@ -144,22 +166,6 @@ void FrameParser::takeBody(Chunk &chunk)
     chunk.next += size;
     if (m_count == m_length + 1)
         finishFrame(m_buffer.data(), chunk.handler);
-}
-
-std::size_t FrameParser::bodyMissing() const
-{
-    // The trailer is stored at index m_length; a length below 4 has been passed before the body
-    // began, so that such a frame goes on until the buffer is full.
-    return (m_length < LengthFieldSize ? BodyLimit : m_length + 1) - m_count;
-}
-
-void FrameParser::storeBody(const uint8_t *bytes, std::size_t size)
-{
-    if (size == 1)
-        m_buffer[m_count] = *bytes;
-    else
-        std::memcpy(m_buffer.data() + m_count, bytes, size);
-    m_count += static_cast<uint32_t>(size);
 }
 
 void FrameParser::finishFrame(const uint8_t *frame, const Handler &handler)

@@ -40,6 +40,7 @@ private:
         std::size_t available() const { return static_cast<std::size_t>(end - next); }
     };
 
+    void enqueue(Chunk chunk);
     void drain(Chunk &chunk);
     void step(Chunk &chunk);
     void hunt(Chunk &chunk);
