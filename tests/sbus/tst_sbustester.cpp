@@ -161,7 +161,7 @@ void tst_sbusTester::streamAsksForLevelsTwiceASecond()
     QCOMPARE(m_out, {QStringLiteral("sbusTester::on_pbSbusTester_startstream_clicked\n")});
     QCOMPARE(requests.count(), 0);
     QTRY_COMPARE_WITH_TIMEOUT(requests.count(), 4, 10000);
-    QVERIFY2(clock.elapsed() >= 4 * 475, "the requests came faster than every 500 ms");
+    QVERIFY2(clock.elapsed() >= 4LL * 475, "the requests came faster than every 500 ms");
     for (const QList<QVariant> &request : requests)
         QCOMPARE(request.first().toByteArray().toHex(), levelRequest.toHex());
     QCOMPARE(m_out.count(QStringLiteral("sbusTester::slotTimerRequestSbusLevels())\n")), 4);
@@ -349,11 +349,9 @@ void tst_sbusTester::indicatorSpinsWhileStreaming()
 
 void tst_sbusTester::destructionWhileStreamingIsSilent()
 {
-    QStringList messages;
-    static QStringList *sink;
-    sink = &messages;
+    static QStringList messages;
     const QtMessageHandler previous = qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext &, const QString &text) { sink->append(text); });
+        [](QtMsgType, const QMessageLogContext &, const QString &text) { messages.append(text); });
     m_tester->ongoingRequest(true);
     m_tester.reset();
     qInstallMessageHandler(previous);
