@@ -74,15 +74,23 @@ void FactorySettings::setUpTables()
     fill(m_ui->tw_QXBZ_analog, initialAnalog);
     fill(m_ui->tw_QXBZ_ardview, initialArdview);
 
-    // One width for the row headers, so that the zoom positions of the tables stand in line.
-    int rowHeader = 0;
+    // Room for every row and number, and one width for the row headers, so that the zoom positions
+    // of the three tables stand in line.
     const auto all = {m_ui->tw_QXBZ_hdmi, m_ui->tw_QXBZ_analog, m_ui->tw_QXBZ_ardview};
+    int rowHeader = 0;
     for (const QTableWidget *table : all)
         rowHeader = std::max(rowHeader, table->verticalHeader()->sizeHint().width());
     for (QTableWidget *table : all) {
+        QHeaderView *columns = table->horizontalHeader();
+        const int frame = 2 * table->frameWidth();
+        const int number = table->fontMetrics().horizontalAdvance(QStringLiteral("-32768")) + 16;
+        columns->setMinimumSectionSize(number);
+        columns->setSectionResizeMode(QHeaderView::Stretch);
         table->verticalHeader()->setFixedWidth(rowHeader);
         table->verticalHeader()->setDefaultAlignment(Qt::AlignCenter);
-        table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+        table->setMinimumWidth(rowHeader + zoomPositions * number + frame);
+        table->setFixedHeight(columns->sizeHint().height() + table->verticalHeader()->length() +
+                              frame);
     }
 }
 

@@ -61,9 +61,11 @@ LiveEdit::LiveEdit(QWidget *parent)
     m_ui->setupUi(this);
     m_scale.box = m_ui->dsbScaleIntuitiv;
     m_fieldOfViewH.box = m_ui->dsbRGBFOVH;
+    QListWidget *list = m_ui->lwFocalLengths;
+    list->setFixedHeight(list->count() * list->sizeHintForRow(0) + 2 * list->frameWidth());
     // Number boxes and the list would swallow the steering keys.
     for (QWidget *child : findChildren<QWidget *>())
-        if (qobject_cast<QAbstractSpinBox *>(child) || child == m_ui->lwFocalLengths)
+        if (qobject_cast<QAbstractSpinBox *>(child) || child == list)
             child->installEventFilter(this);
 }
 
