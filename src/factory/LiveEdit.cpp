@@ -93,7 +93,9 @@ int LiveEdit::Value::sum() const
 
 void LiveEdit::Value::setSum(int sum) const
 {
-    box->setValue(sum - (share != nullptr ? share->value() : 0));
+    box->setValue(share != nullptr ? sum - share->value() : sum);
+    if (share != nullptr) // takes what is beyond the range of the operator's share
+        share->setValue(sum - box->value());
 }
 
 LiveEdit::Output LiveEdit::hdmi() const

@@ -32,6 +32,9 @@ public:
     void setPacketManager(kovoPacketManager *packetManager);
     void setDevices(KovoDevices *devices);
 
+    /// How often the shot that follows every send has run.
+    int timerCalls() const { return m_timerCalls; }
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 signals:

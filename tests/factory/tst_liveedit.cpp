@@ -1,0 +1,846 @@
+#include "factory/LiveEdit.h"
+#include "support/captureddiagnostics.h"
+#include "support/referenceframes.h"
+
+#include <QCheckBox>
+#include <QDoubleSpinBox>
+#include <QElapsedTimer>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+
+#include <algorithm>
+#include <memory>
+
+using Columns = QVector<int>;
+
+namespace {
+
+constexpr quint32 setHdmi = 130;
+constexpr quint32 setAnalog = 131;
+
+/// The frame that carries A to G as seven little-endian 16-bit numbers.
+QByteArray displacementFrame(quint32 command, const Columns &values)
+{
+    QByteArray payload;
+    for (const int value : values) {
+        payload += char(unsigned(value) & 0xFF);
+        payload += char(unsigned(value) >> 8 & 0xFF);
+    }
+    return reference::frame(command, payload);
+}
+
+const QString hdmi = QStringLiteral("sbFpga");
+const QString analog = QStringLiteral("sbFpga_Analog_");
+
+} // namespace
+
+class tst_LiveEdit : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void formHasItsTexts();
+    void opticsBoxesHaveInitialValuesAndRanges_data();
+    void opticsBoxesHaveInitialValuesAndRanges();
+    void displacementBoxesHaveTheSameRangesOnBothTabs();
+    void focalLengthsOfTheTenZoomPositions();
+    void windowFollowsTheConnection();
+    void escapeDoesNotCloseTheWindow();
+
+    void payloadCarriesTheSumsOfTheBoxes();
+    void sumsAreTruncatedToSixteenBits();
+    void positionAndCropBoxesSendOnChange();
+    void editingSharesByHandSendsNothing();
+    void analogButtonIsLogged();
+    void slotTimerRunsAfterASend();
+
+    void keysStepTheBoxes_data();
+    void keysStepTheBoxes();
+    void otherKeysDoNothing();
+    void keysOnAThirdTabDoNothing();
+    void keysWorkWhileABoxHasTheFocus_data();
+    void keysWorkWhileABoxHasTheFocus();
+    void digitsStayWithTheBox();
+
+    void hdmiScaleDerivesSharesAndTheAnalogScale();
+    void analogScaleDerivesItsSharesOnly();
+    void scaleZeroKeepsOnlyTheCropThatWouldDivide();
+
+    void loadSendsNothing();
+    void loadKeepsTheSums();
+    void loadOfTheInitialColumnsKeepsTheSums();
+    void loadShowsTheOptics();
+    void loadOfAnUnknownZoomPositionIsHarmless();
+    void loadWithASensorOfNoHeightIsHarmless();
+    void analogLoadKeepsTheSumsAndSendsNothing();
+    void sendingWorksAgainAfterALoad();
+
+    void getButtonsAsk();
+    void setHdmiStoresTheSums();
+    void setAnalogStoresTheSums();
+    void setHdmiTakesTheShiftOutAgain();
+
+    void opticsOfANarrowPicture();
+    void opticsOfAPictureThatFillsTheOutput();
+    void opticsSendExactlyOnePacketAndKeepTheAnalogScale();
+    void opticsOfScaleZeroKeepTheCropShare();
+    void opticsScaleIsNotRoundedByItsBox();
+    void distanceShiftsANarrowPicture();
+    void distanceReducesTheCropOfAWidePicture();
+    void distanceWithoutFieldOfViewShiftsNothing();
+    void distanceOfZeroShiftsNothing();
+    void moveRightOnlyWhileThePictureIsNarrower();
+    void signalBlockStateSilencesTheHdmiBoxes();
+
+private:
+    template <class T>
+    T *widget(const QString &name)
+    {
+        auto *found = window->findChild<T *>(name);
+        if (found == nullptr)
+            qFatal("no widget %s", qPrintable(name));
+        return found;
+    }
+    QSpinBox *box(const QString &name) { return widget<QSpinBox>(name); }
+    QDoubleSpinBox *real(const char *name) { return widget<QDoubleSpinBox>(QLatin1String(name)); }
+    void click(const char *name) { widget<QPushButton>(QLatin1String(name))->click(); }
+    QTabWidget *tabs() { return window->findChild<QTabWidget *>(); }
+    void show()
+    {
+        window->show();
+        QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+    }
+
+    Columns sums(const QString &output)
+    {
+        Columns values;
+        for (const char letter : {'A', 'B', 'C', 'D', 'E', 'F', 'G'}) {
+            const QString name = output + QLatin1Char(letter);
+            const auto *share = window->findChild<QSpinBox *>(name + QStringLiteral("_1"));
+            values << box(name)->value() + (share != nullptr ? share->value() : 0);
+        }
+        return values;
+    }
+    /// C, D, F, G
+    Columns shares(const QString &output)
+    {
+        Columns values;
+        for (const char *suffix : {"C_1", "D_1", "F_1", "G_1"})
+            values << box(output + QLatin1String(suffix))->value();
+        return values;
+    }
+    QByteArray takeFrame()
+    {
+        return sent->isEmpty() ? QByteArray("nothing sent") : sent->takeFirst().at(0).toByteArray();
+    }
+
+    std::unique_ptr<CapturedDiagnostics> said;
+    std::unique_ptr<kovoPacketManager> packetManager;
+    std::unique_ptr<LiveEdit> window;
+    std::unique_ptr<QSignalSpy> sent;
+};
+
+void tst_LiveEdit::init()
+{
+    said = std::make_unique<CapturedDiagnostics>();
+    packetManager = std::make_unique<kovoPacketManager>(nullptr);
+    window = std::make_unique<LiveEdit>();
+    window->setPacketManager(packetManager.get());
+    window->connectDevice(true);
+    sent = std::make_unique<QSignalSpy>(window.get(), &LiveEdit::signalSendPackage);
+}
+
+void tst_LiveEdit::cleanup()
+{
+    sent.reset();
+    window.reset();
+    packetManager.reset();
+    said.reset();
+}
+
+void tst_LiveEdit::formHasItsTexts()
+{
+    QCOMPARE(window->objectName(), QStringLiteral("LiveEdit"));
+    QCOMPARE(window->windowTitle(), QStringLiteral("Live displacement editor"));
+    QCOMPARE(tabs()->count(), 2);
+    QCOMPARE(tabs()->tabText(0), QStringLiteral("HDMI"));
+    QCOMPARE(tabs()->tabText(1), QStringLiteral("Analog Video"));
+
+    QStringList groups;
+    for (const QGroupBox *group : window->findChildren<QGroupBox *>())
+        groups << group->title();
+    for (const char *title : {"RGB Sensor Info", "IR Sensor Info", "Calculated Values",
+                              "FPGA HDMI Values", "FPGA displacement Analog Video", "Live test"})
+        QVERIFY2(groups.contains(QLatin1String(title)), title);
+
+    const QVector<QPair<const char *, const char *>> buttons = {
+        {"btnCalcABCDEFG", "Calc ABCDEFG"},
+        {"btnMoveRight", "Right"},
+        {"pbFpgaDispl_HDMI", "Send FPGA HDMI Displacement"},
+        {"pbFpgaDispl_Analog", "Send FPGA Analog Displacement"},
+        {"pbGetHDMI", "Get from GUI"},
+        {"pbGetAnaloge", "Get from GUI"},
+        {"pbSetHDMI", "Set to GUI"},
+        {"pbSetAnaloge", "Set to GUI"}};
+    for (const auto &button : buttons)
+        QCOMPARE(widget<QPushButton>(QLatin1String(button.first))->text(),
+                 QLatin1String(button.second));
+    QCOMPARE(widget<QCheckBox>(QStringLiteral("cbUseDistance"))->text(),
+             QStringLiteral("Use Distance"));
+}
+
+void tst_LiveEdit::opticsBoxesHaveInitialValuesAndRanges_data()
+{
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<double>("initial");
+    QTest::addColumn<double>("maximum"); // 0: not prescribed
+    QTest::addColumn<int>("decimals");   // of a QDoubleSpinBox; -1: a QSpinBox
+    QTest::newRow("dsbRGBSizeX") << "SizeX" << 3.886 << 0.0 << 3;
+    QTest::newRow("dsbRGBSizeY") << "SizeY" << 2.183 << 0.0 << 3;
+    QTest::newRow("sbRGBResX_HDMI") << "ResX" << 1920.0 << 1920.0 << -1;
+    QTest::newRow("sbRGBResY_HDMI") << "ResY" << 1080.0 << 1080.0 << -1;
+    QTest::newRow("sbRGBResX_Analog") << "ResX_Analog" << 720.0 << 2000.0 << -1;
+    QTest::newRow("sbRGBResY_Analog") << "ResY_Analog" << 576.0 << 2000.0 << -1;
+    QTest::newRow("dsbIRSizeX") << "SizeX" << 10.88 << 0.0 << 3;
+    QTest::newRow("dsbIRSizeY") << "SizeY" << 8.704 << 0.0 << 3;
+    QTest::newRow("sbIRResX") << "ResX" << 640.0 << 640.0 << -1;
+    QTest::newRow("sbIRResY") << "ResY" << 512.0 << 512.0 << -1;
+    QTest::newRow("dsbIRFocalLength") << "Focal Length" << 19.0 << 100.0 << 3;
+    QTest::newRow("dsbDisparity") << "Disparity" << 0.039 << 10.0 << 3;
+    QTest::newRow("dsbDistanceToBB") << "Distance" << 1.6 << 0.0 << 3;
+    QTest::newRow("sbIRScaledX") << "IR_Scaled_X" << 0.0 << 50000.0 << -1;
+    QTest::newRow("sbIRScaledY") << "IR_Scaled_Y" << 0.0 << 50000.0 << -1;
+    QTest::newRow("dsbRGBFOVH") << "FOV_RGB_H:" << 0.0 << 10000.0 << 6;
+    QTest::newRow("dsbRGBFOVV") << "FOV_RGB_V:" << 0.0 << 10000.0 << 6;
+    QTest::newRow("dsbIRFOVH") << "FOV_IR_H:" << 0.0 << 0.0 << 6;
+    QTest::newRow("dsbIRFOVV") << "FOV_IR_V:" << 0.0 << 0.0 << 6;
+    QTest::newRow("dsbIROverRGB") << "IR / RGB" << 0.0 << 0.0 << 6;
+    QTest::newRow("dsbScaleIntuitiv") << "Scale Intuitiv" << 0.0 << 0.0 << 6;
+    QTest::newRow("dsbImageAreaX") << "ImageAreaX" << 0.0 << 0.0 << 6;
+    QTest::newRow("dsbPixelPerCentimeter") << "Pixel/Centimeter" << 0.0 << 1000.0 << 6;
+    QTest::newRow("sbDisparityShift_A") << "Disparity Shift_A" << 0.0 << 10000.0 << -1;
+    QTest::newRow("sbDisparityShift_F") << "Disparity Shift_F" << 0.0 << 0.0 << -1;
+}
+
+void tst_LiveEdit::opticsBoxesHaveInitialValuesAndRanges()
+{
+    QFETCH(QString, label);
+    QFETCH(double, initial);
+    QFETCH(double, maximum);
+    QFETCH(int, decimals);
+    auto *spin = widget<QAbstractSpinBox>(QLatin1String(QTest::currentDataTag()));
+    const auto labels = window->findChildren<QLabel *>();
+    const auto own = std::find_if(labels.begin(), labels.end(),
+                                  [&](const QLabel *each) { return each->buddy() == spin; });
+    QVERIFY(own != labels.end());
+    QCOMPARE((*own)->text(), label);
+    QVERIFY(!spin->toolTip().isEmpty());
+    QVERIFY(!spin->accessibleName().isEmpty());
+    const bool whole = decimals < 0;
+    QCOMPARE(spin->property("value").toDouble(), initial);
+    if (maximum > 0)
+        QCOMPARE(spin->property("maximum").toDouble(), maximum);
+    QCOMPARE(qobject_cast<QSpinBox *>(spin) != nullptr, whole);
+    if (!whole)
+        QCOMPARE(spin->property("decimals").toInt(), decimals);
+    if (spin->objectName() == QLatin1String("dsbIRFocalLength"))
+        QCOMPARE(spin->property("minimum").toDouble(), 7.5);
+}
+
+void tst_LiveEdit::displacementBoxesHaveTheSameRangesOnBothTabs()
+{
+    const QVector<QPair<QString, QPair<int, int>>> ranges = {
+        {"A", {0, 1000}},       {"B", {0, 1000}},       {"C", {-100, 1920}},
+        {"D", {-100, 1080}},    {"E", {0, 99999}},      {"F", {-1000, 1000}},
+        {"G", {-1000, 1000}},   {"C_1", {-9999, 9999}}, {"D_1", {-9999, 9999}},
+        {"F_1", {-9999, 9999}}, {"G_1", {-9999, 9999}}};
+    for (const QString &output : {hdmi, analog})
+        for (const auto &range : ranges) {
+            QCOMPARE(box(output + range.first)->minimum(), range.second.first);
+            QCOMPARE(box(output + range.first)->maximum(), range.second.second);
+        }
+}
+
+void tst_LiveEdit::focalLengthsOfTheTenZoomPositions()
+{
+    QStringList texts;
+    auto *list = widget<QListWidget>(QStringLiteral("lwFocalLengths"));
+    for (int row = 0; row < list->count(); ++row)
+        texts << list->item(row)->text();
+    QCOMPARE(texts, (QStringList{"3.3", "6.6", "9.9", "13.2", "16.5", "19.8", "23.1", "26.4",
+                                 "29.7", "33.0"}));
+}
+
+void tst_LiveEdit::windowFollowsTheConnection()
+{
+    window->connectDevice(false);
+    QVERIFY(!window->isEnabled());
+    window->connectDevice(true);
+    QVERIFY(window->isEnabled());
+}
+
+void tst_LiveEdit::escapeDoesNotCloseTheWindow()
+{
+    show();
+    QTest::keyClick(window.get(), Qt::Key_Escape);
+    QVERIFY(window->isVisible());
+    QTest::keyClick(box(QStringLiteral("sbFpgaA")), Qt::Key_Escape);
+    QVERIFY(window->isVisible());
+}
+
+void tst_LiveEdit::payloadCarriesTheSumsOfTheBoxes()
+{
+    int value = 1;
+    for (const char *name : {"C", "C_1", "D", "D_1", "F_1", "G_1"}) {
+        box(hdmi + QLatin1String(name))->setValue(100 * value);
+        box(analog + QLatin1String(name))->setValue(-10 * value++);
+    }
+    QVERIFY(sent->isEmpty());
+    box(QStringLiteral("sbFpgaA"))->setValue(483);
+    box(QStringLiteral("sbFpgaF"))->setValue(-5);
+    sent->clear();
+    click("pbFpgaDispl_HDMI");
+    QCOMPARE(sent->count(), 1);
+    QCOMPARE(takeFrame(), displacementFrame(setHdmi, {483, 0, 300, 700, 0, 495, 600}));
+    click("pbFpgaDispl_Analog");
+    QCOMPARE(sent->count(), 1);
+    QCOMPARE(takeFrame(), displacementFrame(setAnalog, {0, 0, -30, -70, 0, -50, -60}));
+}
+
+void tst_LiveEdit::sumsAreTruncatedToSixteenBits()
+{
+    box(QStringLiteral("sbFpga_Analog_E"))->setValue(99999);
+    const QByteArray frame = takeFrame();
+    QCOMPARE(frame.mid(16 + 8, 2), QByteArray::fromHex("9f86")); // 99999 = 0x1869F
+}
+
+void tst_LiveEdit::positionAndCropBoxesSendOnChange()
+{
+    Columns values(7, 0);
+    const QVector<QPair<char, int>> rows = {{'A', 0}, {'B', 1}, {'F', 5}, {'G', 6}};
+    for (const QString &output : {hdmi, analog}) {
+        values.fill(0);
+        for (const auto &row : rows) {
+            values[row.second] = 7 + row.second;
+            box(output + QLatin1Char(row.first))->setValue(values[row.second]);
+            QCOMPARE(sent->count(), 1);
+            QCOMPARE(takeFrame(), displacementFrame(output == hdmi ? setHdmi : setAnalog, values));
+        }
+    }
+}
+
+void tst_LiveEdit::editingSharesByHandSendsNothing()
+{
+    for (const QString &output : {hdmi, analog})
+        for (const char *name : {"C", "D", "C_1", "D_1", "F_1", "G_1"})
+            box(output + QLatin1String(name))->setValue(55);
+    QCOMPARE(sent->count(), 0);
+    box(QStringLiteral("sbFpgaB"))->setValue(1);
+    QCOMPARE(takeFrame(), displacementFrame(setHdmi, {0, 1, 110, 110, 0, 55, 55}));
+}
+
+void tst_LiveEdit::analogButtonIsLogged()
+{
+    click("pbFpgaDispl_Analog");
+    QCOMPARE(said->out(), QStringLiteral("testWindow::on_pbFpgaDispl_Analog_clicked()\n"));
+    said->clear();
+    click("pbFpgaDispl_HDMI");
+    QCOMPARE(said->out(), QString());
+}
+
+void tst_LiveEdit::slotTimerRunsAfterASend()
+{
+    QCOMPARE(window->timerCalls(), 0);
+    QElapsedTimer elapsed;
+    elapsed.start();
+    window->send_hdmi();
+    window->send_analog(); // does not wait for the first one's shot
+    QVERIFY(elapsed.elapsed() < 90);
+    QCOMPARE(sent->count(), 2);
+    QTRY_COMPARE(window->timerCalls(), 2);
+    QVERIFY(elapsed.elapsed() >= 90);
+}
+
+void tst_LiveEdit::keysStepTheBoxes_data()
+{
+    QTest::addColumn<int>("tab");
+    QTest::addColumn<char>("key");
+    QTest::addColumn<int>("value"); // place in A to G
+    QTest::addColumn<int>("step");
+    const struct
+    {
+        char key;
+        int value;
+        int step;
+    } rows[] = {{'a', 0, -1}, {'d', 0, 1},  {'w', 1, -1}, {'s', 1, 1},
+                {'j', 5, 1},  {'l', 5, -1}, {'i', 6, 1},  {'k', 6, -1}};
+    for (int tab = 0; tab < 2; ++tab)
+        for (const auto &row : rows)
+            QTest::addRow("tab %d key %c", tab, row.key) << tab << row.key << row.value << row.step;
+}
+
+void tst_LiveEdit::keysStepTheBoxes()
+{
+    QFETCH(int, tab);
+    QFETCH(char, key);
+    QFETCH(int, value);
+    QFETCH(int, step);
+    for (const QString &output : {hdmi, analog})
+        for (const char letter : {'A', 'B', 'F', 'G'})
+            box(output + QLatin1Char(letter))->setValue(50);
+    tabs()->setCurrentIndex(tab);
+    show();
+    sent->clear();
+    const QString other = tab == 0 ? analog : hdmi;
+    const Columns before = sums(other);
+
+    QTest::keyClick(window.get(), key);
+    Columns expected = {50, 50, 0, 0, 0, 50, 50};
+    expected[value] += step;
+    QCOMPARE(sums(tab == 0 ? hdmi : analog), expected);
+    QCOMPARE(sums(other), before);
+    QCOMPARE(sent->count(), 1);
+    QCOMPARE(takeFrame(), displacementFrame(tab == 0 ? setHdmi : setAnalog, expected));
+}
+
+void tst_LiveEdit::otherKeysDoNothing()
+{
+    show();
+    box(QStringLiteral("sbFpgaA"))->setValue(50);
+    sent->clear();
+    for (const char key : {'A', 'D', 'W', 'S', 'J', 'L', 'I', 'K', 'x', 'q', ' '})
+        QTest::keyClick(window.get(), key);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Left, Qt::Key_F1})
+        QTest::keyClick(window.get(), key);
+    QCOMPARE(sent->count(), 0);
+    QCOMPARE(sums(hdmi), (Columns{50, 0, 0, 0, 0, 0, 0}));
+    QVERIFY(window->isVisible());
+}
+
+void tst_LiveEdit::keysOnAThirdTabDoNothing()
+{
+    tabs()->addTab(new QWidget, QStringLiteral("third"));
+    tabs()->setCurrentIndex(2);
+    show();
+    for (const char key : {'a', 'd', 'w', 's', 'j', 'l', 'i', 'k'})
+        QTest::keyClick(window.get(), key);
+    QCOMPARE(sent->count(), 0);
+}
+
+void tst_LiveEdit::keysWorkWhileABoxHasTheFocus_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char *name : {"sbFpgaA", "sbFpgaC_1", "dsbDisparity", "lwFocalLengths",
+                             "cbUseDistance", "btnCalcABCDEFG", "tabWidget", "sbZoomLevel"})
+        QTest::newRow(name) << name;
+}
+
+void tst_LiveEdit::keysWorkWhileABoxHasTheFocus()
+{
+    QFETCH(QString, name);
+    show();
+    auto *focused = widget<QWidget>(name);
+    focused->setFocus();
+    QCOMPARE(window->focusWidget(), name == QLatin1String("tabWidget")
+                                        ? static_cast<QWidget *>(tabs()->tabBar())
+                                        : focused);
+    int row = widget<QListWidget>(QStringLiteral("lwFocalLengths"))->currentRow();
+    for (const char key : {'d', 'd', 'a', 's', 'j', 'i', 'i', 'k', 'k', 'k', 'l', 'w'})
+        QTest::keyClick(window->focusWidget(), key);
+    QCOMPARE(sums(hdmi), (Columns{1, 0, 0, 0, 0, 0, -1}));
+    QCOMPARE(sent->count(), 12);
+    QCOMPARE(widget<QListWidget>(QStringLiteral("lwFocalLengths"))->currentRow(), row);
+}
+
+void tst_LiveEdit::digitsStayWithTheBox()
+{
+    show();
+    QSpinBox *a = box(QStringLiteral("sbFpgaA"));
+    a->setFocus();
+    a->selectAll();
+    QTest::keyClicks(a, QStringLiteral("48"));
+    QCOMPARE(a->value(), 48);
+    QTest::keyClicks(a, QStringLiteral("d"));
+    QCOMPARE(a->value(), 49);
+}
+
+void tst_LiveEdit::hdmiScaleDerivesSharesAndTheAnalogScale()
+{
+    box(QStringLiteral("sbFpgaA"))->setValue(10);
+    box(QStringLiteral("sbFpgaB"))->setValue(20);
+    box(QStringLiteral("sbFpga_Analog_A"))->setValue(100);
+    sent->clear();
+    box(QStringLiteral("sbFpgaE"))->setValue(1100);
+
+    // HDMI: 2750 x 2200, 840 and 1140 beyond the output; analog E 550: 1375 x 1100.
+    QCOMPARE(shares(hdmi), (Columns{1909, 1059, 97, 132}));
+    QCOMPARE(box(QStringLiteral("sbFpga_Analog_E"))->value(), 550);
+    QCOMPARE(shares(analog), (Columns{719, 575, 175, 122})); // 756 and 525 * 128 / 550
+    QCOMPARE(sent->count(), 2);
+    QCOMPARE(takeFrame(), displacementFrame(setAnalog, {100, 0, 719, 575, 550, 175, 122}));
+    QCOMPARE(takeFrame(), displacementFrame(setHdmi, {10, 20, 1909, 1059, 1100, 97, 132}));
+}
+
+void tst_LiveEdit::analogScaleDerivesItsSharesOnly()
+{
+    box(QStringLiteral("sbFpga_Analog_E"))->setValue(256);
+    QCOMPARE(shares(analog), (Columns{640, 512, 0, 0}));
+    QCOMPARE(shares(hdmi), (Columns{0, 0, 0, 0}));
+    QCOMPARE(sent->count(), 1);
+    QCOMPARE(takeFrame(), displacementFrame(setAnalog, {0, 0, 640, 512, 256, 0, 0}));
+}
+
+void tst_LiveEdit::scaleZeroKeepsOnlyTheCropThatWouldDivide()
+{
+    box(QStringLiteral("sbFpgaE"))->setValue(1100);
+    QCOMPARE(shares(hdmi), (Columns{1919, 1079, 96, 130}));
+    // From A = 900 even a picture without width reaches beyond an output of 800.
+    box(QStringLiteral("sbRGBResX_HDMI"))->setValue(800);
+    box(QStringLiteral("sbFpgaA"))->setValue(900);
+    sent->clear();
+    said->clear();
+    box(QStringLiteral("sbFpgaE"))->setValue(0);
+    QCOMPARE(shares(hdmi), (Columns{-101, 0, 96, 0}));
+    QCOMPARE(said->err().count(QLatin1Char('\n')), 1);
+    QCOMPARE(said->out(), QString());
+    QCOMPARE(box(QStringLiteral("sbFpga_Analog_E"))->value(), 0);
+    QCOMPARE(shares(analog), (Columns{0, 0, 0, 0}));
+    QCOMPARE(sent->count(), 2);
+    takeFrame();
+    QCOMPARE(takeFrame(), displacementFrame(setHdmi, {900, 0, -101, 0, 0, 96, 0}));
+
+    box(QStringLiteral("sbFpga_Analog_E"))->setValue(550);
+    box(QStringLiteral("sbFpga_Analog_B"))->setValue(600); // beyond 576
+    sent->clear();
+    said->clear();
+    const int crop = box(QStringLiteral("sbFpga_Analog_G_1"))->value();
+    QCOMPARE(crop, 122);
+    box(QStringLiteral("sbFpga_Analog_E"))->setValue(0);
+    QCOMPARE(shares(analog), (Columns{0, 0, 0, 122}));
+    QCOMPARE(said->err().count(QLatin1Char('\n')), 1);
+    QCOMPARE(sent->count(), 1);
+}
+
+void tst_LiveEdit::loadSendsNothing()
+{
+    window->setDisplacements_HDMI(10, 20, 30, 40, 500, 60, 70, 5);
+    QCOMPARE(sent->count(), 0);
+    QCOMPARE(box(QStringLiteral("sbFpga_Analog_E"))->value(), 250); // the handlers do run
+}
+
+void tst_LiveEdit::loadKeepsTheSums()
+{
+    box(QStringLiteral("sbFpgaF_1"))->setValue(77); // derived anew by the load
+    window->setDisplacements_HDMI(10, 20, 1850, 1000, 1100, 104, 106, 3);
+    QCOMPARE(sums(hdmi), (Columns{10, 20, 1850, 1000, 1100, 104, 106}));
+    QCOMPARE(shares(hdmi), (Columns{1909, 1059, 97, 132}));
+    QCOMPARE(box(QStringLiteral("sbFpgaC"))->value(), -59);
+    QCOMPARE(box(QStringLiteral("sbFpgaG"))->value(), -26);
+    // The operator's share of C ends at -100.
+    window->setDisplacements_HDMI(10, 20, 1700, 1000, 1100, 104, 106, 3);
+    QCOMPARE(sums(hdmi), (Columns{10, 20, 1700, 1000, 1100, 104, 106}));
+    QCOMPARE(box(QStringLiteral("sbFpgaC"))->value(), -100);
+}
+
+void tst_LiveEdit::loadOfTheInitialColumnsKeepsTheSums()
+{
+    const QVector<Columns> columns = {
+        {483, 188, 945, 756, 378, 0, 0},    {30, 0, 1832, 1079, 733, 2, 42},
+        {0, 0, 1919, 1079, 1100, 104, 106}, {0, 0, 1919, 1079, 3700, 262, 205},
+        {0, 0, 1919, 1079, 1450, 158, 146}, {0, 0, 1919, 1079, 1840, 195, 166}};
+    int16_t zoom = 1;
+    for (const Columns &column : columns) {
+        window->setDisplacements_HDMI(int16_t(column[0]), int16_t(column[1]), int16_t(column[2]),
+                                      int16_t(column[3]), int16_t(column[4]), int16_t(column[5]),
+                                      int16_t(column[6]), zoom++);
+        QCOMPARE(sums(hdmi), column);
+    }
+    QCOMPARE(sent->count(), 0);
+}
+
+void tst_LiveEdit::loadShowsTheOptics()
+{
+    window->setDisplacements_HDMI(30, 0, 1832, 1079, 733, 2, 42, 2);
+    QCOMPARE(box(QStringLiteral("sbZoomLevel"))->value(), 2);
+    QCOMPARE(widget<QListWidget>(QStringLiteral("lwFocalLengths"))->currentRow(), 1);
+    QCOMPARE(real("dsbRGBFOVH")->value(), 32.808218);
+    QCOMPARE(real("dsbRGBFOVV")->value(), 18.781023);
+    QCOMPARE(real("dsbIRFOVH")->value(), 31.954507);
+    QCOMPARE(real("dsbIRFOVV")->value(), 25.802402);
+    QCOMPARE(real("dsbIROverRGB")->value(), 1.373855);
+    QCOMPARE(box(QStringLiteral("sbIRScaledY"))->value(), 1483);
+    QCOMPARE(box(QStringLiteral("sbIRScaledX"))->value(), 1853);
+    QCOMPARE(real("dsbScaleIntuitiv")->value(), 2.863281);
+    QCOMPARE(said->err(), QString());
+}
+
+void tst_LiveEdit::loadOfAnUnknownZoomPositionIsHarmless()
+{
+    window->setDisplacements_HDMI(30, 0, 1832, 1079, 733, 2, 42, 2);
+    for (const int16_t zoom : {int16_t(0), int16_t(11), int16_t(-5)}) {
+        said->clear();
+        window->setDisplacements_HDMI(31, 0, 1832, 1079, 733, 2, 42, zoom);
+        QCOMPARE(said->err().count(QLatin1Char('\n')), 1);
+        QCOMPARE(sums(hdmi), (Columns{31, 0, 1832, 1079, 733, 2, 42}));
+        QCOMPARE(box(QStringLiteral("sbIRScaledX"))->value(), 1853);
+    }
+    QCOMPARE(sent->count(), 0);
+}
+
+void tst_LiveEdit::loadWithASensorOfNoHeightIsHarmless()
+{
+    real("dsbRGBSizeY")->setValue(0.0);
+    window->setDisplacements_HDMI(30, 0, 1832, 1079, 733, 2, 42, 2);
+    QCOMPARE(said->err().count(QLatin1Char('\n')), 1);
+    QCOMPARE(box(QStringLiteral("sbIRScaledY"))->value(), 0);
+    QCOMPARE(real("dsbScaleIntuitiv")->value(), 2.863281);
+}
+
+void tst_LiveEdit::analogLoadKeepsTheSumsAndSendsNothing()
+{
+    window->setDisplacements_Analoge(21, 50, 798, 599, 366, 40, 46);
+    QCOMPARE(sums(analog), (Columns{21, 50, 798, 599, 366, 40, 46}));
+    QCOMPARE(shares(analog), (Columns{719, 575, 75, 72})); // 217 and 207 * 128 / 366
+    QCOMPARE(sums(hdmi), Columns(7, 0));
+    QCOMPARE(sent->count(), 0);
+}
+
+void tst_LiveEdit::sendingWorksAgainAfterALoad()
+{
+    window->setDisplacements_HDMI(30, 0, 1832, 1079, 733, 2, 42, 2);
+    window->setDisplacements_Analoge(21, 50, 798, 599, 366, 40, 46);
+    box(QStringLiteral("sbFpgaA"))->setValue(31);
+    QCOMPARE(takeFrame(), displacementFrame(setHdmi, {31, 0, 1832, 1079, 733, 2, 42}));
+    box(QStringLiteral("sbFpga_Analog_A"))->setValue(22);
+    QCOMPARE(takeFrame(), displacementFrame(setAnalog, {22, 50, 798, 599, 366, 40, 46}));
+}
+
+void tst_LiveEdit::getButtonsAsk()
+{
+    show();
+    QSignalSpy getHdmi(window.get(), SIGNAL(signalGet_FactoryHDMISettings()));
+    QSignalSpy getAnalog(window.get(), SIGNAL(signalGet_FactoryAnalogeSettings()));
+    click("pbGetHDMI");
+    QCOMPARE(getHdmi.count(), 1);
+    QCOMPARE(getAnalog.count(), 0);
+    tabs()->setCurrentIndex(1);
+    click("pbGetAnaloge");
+    QCOMPARE(getHdmi.count(), 1);
+    QCOMPARE(getAnalog.count(), 1);
+    QCOMPARE(window->focusWidget()->objectName(), QStringLiteral("pbGetAnaloge"));
+    QCOMPARE(sent->count(), 0);
+}
+
+void tst_LiveEdit::setHdmiStoresTheSums()
+{
+    Columns stored;
+    connect(window.get(), &LiveEdit::signalSet_FactoryHDMISettings, this,
+            [&](int16_t a, int16_t b, int16_t c, int16_t d, int16_t e, int16_t f, int16_t g) {
+                stored << a << b << c << d << e << f << g;
+            });
+    window->setDisplacements_HDMI(30, 1, 1832, 1079, 733, 2, -42, 2);
+    click("pbSetHDMI");
+    QCOMPARE(stored, (Columns{30, 1, 1832, 1079, 733, 2, -42}));
+    QCOMPARE(sent->count(), 0);
+}
+
+void tst_LiveEdit::setAnalogStoresTheSums()
+{
+    Columns stored;
+    connect(window.get(), &LiveEdit::signalSet_FactoryAnalogeSettings, this,
+            [&](int16_t a, int16_t b, int16_t c, int16_t d, int16_t e, int16_t f, int16_t g) {
+                stored << a << b << c << d << e << f << g;
+            });
+    box(QStringLiteral("sbDisparityShift_A"))->setValue(9); // of the HDMI output only
+    window->setDisplacements_Analoge(21, 50, 798, 599, 366, 40, 46);
+    click("pbSetAnaloge");
+    QCOMPARE(stored, (Columns{21, 50, 798, 599, 366, 40, 46}));
+}
+
+void tst_LiveEdit::setHdmiTakesTheShiftOutAgain()
+{
+    Columns stored;
+    connect(window.get(), &LiveEdit::signalSet_FactoryHDMISettings, this,
+            [&](int16_t a, int16_t b, int16_t c, int16_t d, int16_t e, int16_t f, int16_t g) {
+                stored = {a, b, c, d, e, f, g};
+            });
+    widget<QCheckBox>(QStringLiteral("cbUseDistance"))->setChecked(true);
+    window->setDisplacements_HDMI(0, 0, 0, 0, 0, 0, 0, 1);
+    click("btnCalcABCDEFG"); // a narrow picture: A = 484 + 39
+    QCOMPARE(box(QStringLiteral("sbFpgaA"))->value(), 523);
+    click("pbSetHDMI");
+    QCOMPARE(stored, (Columns{484, 159, 951, 761, 380, 0, 0}));
+
+    window->setDisplacements_HDMI(0, 0, 0, 0, 0, 0, 0, 3);
+    click("btnCalcABCDEFG"); // a wide picture: F = 97 - 27
+    QCOMPARE(sums(hdmi), (Columns{0, 0, 1920, 1080, 1106, 70, 131}));
+    click("pbSetHDMI");
+    QCOMPARE(stored, (Columns{0, 0, 1920, 1080, 1106, 97, 131}));
+}
+
+void tst_LiveEdit::opticsOfANarrowPicture()
+{
+    window->setDisplacements_HDMI(0, 0, 0, 0, 0, 0, 0, 2);
+    box(QStringLiteral("sbFpgaF"))->setValue(5);
+    box(QStringLiteral("sbFpgaG"))->setValue(6);
+    click("btnCalcABCDEFG");
+    // 1853 x 1483 on 1920 x 1080. F keeps the operator's share, G loses it.
+    QCOMPARE(real("dsbScaleIntuitiv")->value(), 2.895313);
+    QCOMPARE(sums(hdmi), (Columns{33, 0, 1853, 1080, 741, 5, 69}));
+    QCOMPARE(shares(hdmi), (Columns{1853, 1080, 0, 69}));
+    QCOMPARE(box(QStringLiteral("sbFpgaG"))->value(), 0);
+}
+
+void tst_LiveEdit::opticsOfAPictureThatFillsTheOutput()
+{
+    box(QStringLiteral("sbFpgaA"))->setValue(100);
+    box(QStringLiteral("sbFpgaF"))->setValue(5);
+    box(QStringLiteral("sbIRScaledX"))->setValue(2767);
+    box(QStringLiteral("sbIRScaledY"))->setValue(2214);
+    click("btnCalcABCDEFG");
+    QCOMPARE(sums(hdmi), (Columns{0, 0, 1920, 1080, 1106, 97, 131}));
+    QCOMPARE(box(QStringLiteral("sbFpgaF"))->value(), 0);
+    QCOMPARE(window->getFpgaA(), 0);
+
+    box(QStringLiteral("sbIRScaledX"))->setValue(1920); // just fills it
+    click("btnCalcABCDEFG");
+    QCOMPARE(sums(hdmi).at(0), 0);
+    QCOMPARE(sums(hdmi).at(5), 0);
+}
+
+void tst_LiveEdit::opticsSendExactlyOnePacketAndKeepTheAnalogScale()
+{
+    show();
+    box(QStringLiteral("sbFpga_Analog_E"))->setValue(7);
+    box(QStringLiteral("sbIRScaledX"))->setValue(2767);
+    box(QStringLiteral("sbIRScaledY"))->setValue(2214);
+    sent->clear();
+    click("btnCalcABCDEFG");
+    QCOMPARE(sent->count(), 1);
+    QCOMPARE(takeFrame(), displacementFrame(setHdmi, {0, 0, 1920, 1080, 1106, 97, 131}));
+    QCOMPARE(box(QStringLiteral("sbFpga_Analog_E"))->value(), 7);
+    QCOMPARE(window->focusWidget()->objectName(), QStringLiteral("btnCalcABCDEFG"));
+    box(QStringLiteral("sbFpgaA"))->setValue(1); // the signals are on again
+    QCOMPARE(sent->count(), 1);
+}
+
+void tst_LiveEdit::opticsOfScaleZeroKeepTheCropShare()
+{
+    box(QStringLiteral("sbFpgaG_1"))->setValue(12);
+    box(QStringLiteral("sbIRScaledX"))->setValue(0);
+    box(QStringLiteral("sbIRScaledY"))->setValue(1200);
+    click("btnCalcABCDEFG");
+    QCOMPARE(said->err().count(QLatin1Char('\n')), 1);
+    QCOMPARE(sent->count(), 1);
+    QCOMPARE(takeFrame(), displacementFrame(setHdmi, {960, 0, 0, 1080, 0, 0, 12}));
+}
+
+void tst_LiveEdit::opticsScaleIsNotRoundedByItsBox()
+{
+    // 645 / 640 = 1.0078125 has a decimal more than its box; 256 times it is 258 exactly.
+    box(QStringLiteral("sbIRScaledX"))->setValue(645);
+    click("btnCalcABCDEFG");
+    QCOMPARE(box(QStringLiteral("sbFpgaE"))->value(), 258);
+    // 5 / 640 = 0.0078125; twice 1 / 256
+    box(QStringLiteral("sbIRScaledX"))->setValue(5);
+    click("btnCalcABCDEFG");
+    QCOMPARE(box(QStringLiteral("sbFpgaE"))->value(), 2);
+}
+
+void tst_LiveEdit::distanceShiftsANarrowPicture()
+{
+    widget<QCheckBox>(QStringLiteral("cbUseDistance"))->setChecked(true);
+    real("dsbRGBFOVH")->setValue(90.0);
+    real("dsbDistanceToBB")->setValue(2.0);
+    real("dsbDisparity")->setValue(0.11);
+    box(QStringLiteral("sbIRScaledX"))->setValue(951);
+    box(QStringLiteral("sbIRScaledY"))->setValue(761);
+    box(QStringLiteral("sbDisparityShift_F"))->setValue(44);
+    click("btnCalcABCDEFG");
+    QCOMPARE(real("dsbImageAreaX")->value(), 4.0);
+    QCOMPARE(real("dsbPixelPerCentimeter")->value(), 4.8);
+    QCOMPARE(box(QStringLiteral("sbDisparityShift_A"))->value(), 52); // 52.8
+    QCOMPARE(box(QStringLiteral("sbDisparityShift_F"))->value(), 0);
+    QCOMPARE(sums(hdmi), (Columns{484 + 52, 159, 951, 761, 380, 0, 0}));
+    QCOMPARE(sent->count(), 1);
+
+    widget<QCheckBox>(QStringLiteral("cbUseDistance"))->setChecked(false);
+    click("btnCalcABCDEFG");
+    QCOMPARE(box(QStringLiteral("sbDisparityShift_A"))->value(), 0);
+    QCOMPARE(sums(hdmi).at(0), 484);
+}
+
+void tst_LiveEdit::distanceReducesTheCropOfAWidePicture()
+{
+    widget<QCheckBox>(QStringLiteral("cbUseDistance"))->setChecked(true);
+    window->setDisplacements_HDMI(0, 0, 0, 0, 0, 0, 0, 3);
+    click("btnCalcABCDEFG");
+    QCOMPARE(real("dsbImageAreaX")->value(), 0.62804);
+    QCOMPARE(real("dsbPixelPerCentimeter")->value(), 30.571282);
+    // 119 pixels / 4.3234375 = 27 infrared pixels
+    QCOMPARE(box(QStringLiteral("sbDisparityShift_F"))->value(), 27);
+    QCOMPARE(box(QStringLiteral("sbDisparityShift_A"))->value(), 0);
+    QCOMPARE(box(QStringLiteral("sbFpgaF_1"))->value(), 97 - 27);
+    QCOMPARE(box(QStringLiteral("sbFpgaA"))->value(), 0);
+}
+
+void tst_LiveEdit::distanceWithoutFieldOfViewShiftsNothing()
+{
+    widget<QCheckBox>(QStringLiteral("cbUseDistance"))->setChecked(true);
+    box(QStringLiteral("sbIRScaledX"))->setValue(951);
+    box(QStringLiteral("sbIRScaledY"))->setValue(761);
+    click("btnCalcABCDEFG");
+    QCOMPARE(said->err().count(QLatin1Char('\n')), 1);
+    QCOMPARE(box(QStringLiteral("sbDisparityShift_A"))->value(), 0);
+    QCOMPARE(sums(hdmi), (Columns{484, 159, 951, 761, 380, 0, 0}));
+    QCOMPARE(sent->count(), 1);
+}
+
+void tst_LiveEdit::distanceOfZeroShiftsNothing()
+{
+    widget<QCheckBox>(QStringLiteral("cbUseDistance"))->setChecked(true);
+    window->setDisplacements_HDMI(0, 0, 0, 0, 0, 0, 0, 1);
+    real("dsbDistanceToBB")->setValue(0.0);
+    click("btnCalcABCDEFG");
+    QCOMPARE(said->err().count(QLatin1Char('\n')), 1);
+    QCOMPARE(sums(hdmi).at(0), 484);
+}
+
+void tst_LiveEdit::moveRightOnlyWhileThePictureIsNarrower()
+{
+    box(QStringLiteral("sbIRScaledX"))->setValue(1919);
+    click("btnMoveRight");
+    QCOMPARE(box(QStringLiteral("sbFpgaA"))->value(), 1);
+    QCOMPARE(takeFrame(), displacementFrame(setHdmi, {1, 0, 0, 0, 0, 0, 0}));
+    for (const int width : {1920, 3000}) {
+        box(QStringLiteral("sbIRScaledX"))->setValue(width);
+        click("btnMoveRight");
+    }
+    QCOMPARE(box(QStringLiteral("sbFpgaA"))->value(), 1);
+    QCOMPARE(sent->count(), 0);
+}
+
+void tst_LiveEdit::signalBlockStateSilencesTheHdmiBoxes()
+{
+    window->setSignalBlockState(true);
+    for (const char letter : {'A', 'B', 'E', 'F', 'G'})
+        box(hdmi + QLatin1Char(letter))->setValue(3);
+    QCOMPARE(sent->count(), 0);
+    box(QStringLiteral("sbFpga_Analog_A"))->setValue(3);
+    QCOMPARE(sent->count(), 1);
+    window->setSignalBlockState(false);
+    box(QStringLiteral("sbFpgaA"))->setValue(4);
+    QCOMPARE(sent->count(), 2);
+}
+
+QTEST_MAIN(tst_LiveEdit)
+#include "tst_liveedit.moc"
