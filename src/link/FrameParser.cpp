@@ -42,8 +42,9 @@ void FrameParser::feed(const QByteArray &bytes, const Handler &handler)
 {
     const auto *begin = reinterpret_cast<const uint8_t *>(bytes.constData());
     const auto size = static_cast<std::size_t>(bytes.size());
-    // Bytes amid a frame only have to be stored.
-    if (m_state == State::Body && !m_latest && size < bodyMissing())
+    // Bytes amid a frame only have to be stored. None can be waiting before them: handlers are
+    // called between frames, and the first feed() from there takes what was waiting.
+    if (m_state == State::Body && size < bodyMissing())
         storeBody(begin, size);
     else
         enqueue({begin, begin + size, handler, m_latest});
@@ -141,10 +142,9 @@ void FrameParser::takeLength(Chunk &chunk)
     }
     m_state = State::Body;
 
-    // A frame that lies whole in the chunk is used where it is. Only its header is stored, for
-    // that is all a later, shorter frame can find of it in the buffer.
+    // A frame that lies whole in the chunk is used where it is. It need not be stored: no shorter
+    // frame with a fitting CRC gets to read what an earlier one left in the buffer.
     if (whole && m_length >= MinimumCompleteLength && available > m_length) {
-        std::memcpy(m_buffer.data(), frame, PayloadOffset);
         chunk.next = frame + m_length + 1;
         finishFrame(frame, chunk.handler);
     } else if (chunk.available() > 0) {

@@ -102,6 +102,8 @@ private slots:
     void deeplyNestedFeedsKeepTheOrder();
     void nestedFeedAfterAWrongCrcContinuesTheMessage();
     void messageOfAHandlerIsItsOwnWhileNestedOnesArrive();
+    void partTakenByANestedFeedIsKept();
+    void severalNestedFeedsKeepTheOrder();
     void keptMessagesAreNotOverwritten();
     void parsersAreIndependent();
     void randomStreamsAtRandomSplitsEqualThePlainModel_data();
@@ -442,6 +444,34 @@ void tst_FrameParser::messageOfAHandlerIsItsOwnWhileNestedOnesArrive()
     };
     trace.feed(frame(201, "own bytes..."));
     QCOMPARE(trace.events, (QStringList{told(203, "other bytes!more"), told(201, "own bytes...")}));
+}
+
+void tst_FrameParser::partTakenByANestedFeedIsKept()
+{
+    Trace trace;
+    trace.handler = [&](ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &payload) {
+        trace.events.append(told(command, toBytes(payload)));
+        if (command == 201)
+            trace.feed(frame(202, "head", 1, 2));
+    };
+    trace.feed(frame(201, "outer..."));
+    trace.feed(frame(202, "tail", 2, 2));
+    QCOMPARE(trace.events, (QStringList{told(201, "outer..."), told(202, "headtail")}));
+}
+
+void tst_FrameParser::severalNestedFeedsKeepTheOrder()
+{
+    const QByteArray third = frame(203, "three...");
+    Trace trace;
+    trace.handler = [&](ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &payload) {
+        trace.events.append(told(command, toBytes(payload)));
+        if (command == 201)
+            for (int i = 14; i < third.size(); i += 5)
+                trace.feed(third.mid(i, 5));
+    };
+    trace.feed(frame(201, "one.") + frame(202, "two.") + third.left(14));
+    QCOMPARE(trace.events,
+             (QStringList{told(201, "one."), told(202, "two."), told(203, "three...")}));
 }
 
 void tst_FrameParser::keptMessagesAreNotOverwritten()
