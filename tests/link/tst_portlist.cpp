@@ -89,8 +89,8 @@ private:
     }
     QString nextAnnouncement()
     {
-        QString next = "polled";
-        while (next == "polled")
+        QString next = line();
+        for (int polls = 0; next == "polled" && polls < 20; ++polls)
             next = line();
         return next;
     }
@@ -117,7 +117,7 @@ void tst_PortList::init()
     m_watcher->setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_watcher->start("bash", {"-euc", namespaceScript, "bash",
                               QCoreApplication::applicationFilePath(), watchOption});
-    QVERIFY(m_watcher->waitForStarted());
+    QCOMPARE(line(), QString("polled")); // the folders are there, nothing is plugged in
 }
 
 void tst_PortList::cleanup()
