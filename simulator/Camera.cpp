@@ -148,6 +148,7 @@ Camera::Outcome Camera::writeFactory(const QByteArray &payload)
     return {true, {}, QStringLiteral("stored, serial number ") + QString::fromLatin1(m_serial)};
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): the table holds one type of handler
 Camera::Outcome Camera::sbus(const QByteArray &)
 {
     QByteArray reply;
@@ -175,6 +176,7 @@ Camera::Outcome Camera::gpsText(const QByteArray &)
     return {true, sentence.append('\0'), {}};
 }
 
+// NOLINTNEXTLINE(readability-make-member-function-const): the table holds one type of handler
 Camera::Outcome Camera::focus(const QByteArray &)
 {
     const qint8 value = driftingFocus(m_settings.clock());
@@ -188,7 +190,7 @@ Camera::Outcome Camera::displacement(const QByteArray &payload)
         return refused(QStringLiteral("%1 bytes instead of 14").arg(payload.size()));
     QStringList values;
     for (int i = 0; i < count; ++i) {
-        const auto value = qFromLittleEndian<qint16>(payload.constData() + 2 * i);
+        const auto value = qFromLittleEndian<qint16>(payload.constData() + sizeof(qint16) * i);
         values << QStringLiteral("%1 %2").arg(QChar('A' + i)).arg(value);
     }
     return {true, {}, values.join(QStringLiteral(", "))};

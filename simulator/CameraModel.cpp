@@ -59,7 +59,7 @@ QString configurationDefect(const CameraModel &model, const QByteArray &record)
 {
     if (!model.hasRecords())
         return noRecords();
-    const QString wrongSize = sizeDefect(record.size(), model.configurationSize);
+    QString wrongSize = sizeDefect(record.size(), model.configurationSize);
     if (!wrongSize.isEmpty())
         return wrongSize;
 

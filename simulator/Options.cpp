@@ -46,12 +46,19 @@ QString parseOptions(const QStringList &arguments, Options &options)
                    "output.");
     const QCommandLineOption exitWithStdin("exit-with-stdin", "Also end when standard input ends.");
 
+    const QCommandLineOption fault(
+        "fault",
+        "Let something go wrong on the way to the client; repeatable: " + faultKinds() +
+            ". SIGUSR1 pauses all faults, SIGUSR2 resumes them.",
+        "KIND[:VALUE]");
+    const QCommandLineOption seed("seed", "Seed of the faults' chances (default 1).", "N", "1");
+
     QCommandLineParser parser;
     parser.setApplicationDescription(QString::fromLatin1(description));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions(
-        {model, serial, firmware, config, factory, state, link, log, restart, exitWithStdin});
+    parser.addOptions({model, serial, firmware, config, factory, state, link, log, restart,
+                       exitWithStdin, fault, seed});
     if (!parser.parse(arguments))
         return parser.errorText();
     if (parser.isSet(help))
@@ -81,6 +88,16 @@ QString parseOptions(const QStringList &arguments, Options &options)
         if (options.serial.isNull())
             options.serial = "";
     }
+
+    for (const QString &text : parser.values(fault)) {
+        QString error = addFault(text, options.faults);
+        if (!error.isEmpty())
+            return error;
+    }
+    bool ok = false;
+    options.seed = parser.value(seed).toUInt(&ok);
+    if (!ok)
+        return QStringLiteral("'%1' is no seed.").arg(parser.value(seed));
 
     options.configurationFile = parser.value(config);
     options.factoryFile = parser.value(factory);

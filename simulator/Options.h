@@ -1,6 +1,7 @@
 #pragma once
 
 #include "simulator/CameraModel.h"
+#include "simulator/Faults.h"
 
 #include <QStringList>
 
@@ -17,6 +18,8 @@ struct Options
     bool log = false;
     bool restart = false;
     bool exitWithStdin = false;
+    Faults faults;
+    quint32 seed = 1;
 };
 
 /// Reads the program's arguments (the first is its name). Returns what is wrong with them, empty if

@@ -28,6 +28,8 @@ public:
     /// Queues bytes for the client and writes as many as the line takes; dropped while closed. A
     /// client that never reads loses what comes after the first megabyte.
     void write(const QByteArray &bytes);
+    /// Bytes that wait because the line takes no more.
+    int backlog() const { return m_pending.size(); }
     /// True once the client has read everything that was written.
     bool isDrained() const;
 

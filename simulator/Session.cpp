@@ -14,12 +14,18 @@ constexpr int farewellCheckLimit = 20;
 } // namespace
 
 Session::Session(const Camera::Settings &camera, const Settings &settings, const FrameLog &log)
-    : m_settings(settings), m_log(log), m_camera(camera), m_frames(nullptr), m_link(settings.link)
+    : m_settings(settings)
+    , m_log(log)
+    , m_camera(camera)
+    , m_frames(nullptr)
+    , m_output(m_line, settings.faults, settings.seed)
+    , m_link(settings.link)
 {
     connect(&m_line, &PseudoTerminal::signalReceived, this, &Session::received);
     m_gps.setInterval(gpsInterval);
     connect(&m_gps, &QTimer::timeout, this, [this] { send(m_camera.gpsMessage()); });
     m_farewell.setInterval(farewellInterval);
+    connect(&m_output, &FaultyLine::signalHangupDue, this, &Session::leaveOnceRead);
     connect(&m_farewell, &QTimer::timeout, this, &Session::closeOnceRead);
 }
 
@@ -27,9 +33,10 @@ QString Session::start()
 {
     if (!m_line.open())
         return QStringLiteral("cannot open a pseudo-terminal: ") + qt_error_string(errno);
-    const QString error = m_link.pointTo(m_line.path());
+    QString error = m_link.pointTo(m_line.path());
     if (!error.isEmpty())
         return error;
+    m_output.begin();
     emit signalDeviceReady(m_line.path());
     return {};
 }
@@ -49,7 +56,16 @@ void Session::received(const QByteArray &bytes)
 
 void Session::handle(quint32 command, const QByteArray &payload)
 {
-    const Camera::Answer answer = m_camera.handle(command, payload);
+    if (m_farewell.isActive())
+        return;
+    if (m_output.ignores(command)) {
+        m_log.request(command, payload.size(), QStringLiteral("ignored"));
+        return;
+    }
+    const Camera::Answer answer =
+        m_output.rejects(command)
+            ? Camera::Answer{replyFail(command), {}, QStringLiteral("rejected")}
+            : m_camera.handle(command, payload);
     m_log.request(command, payload.size(), answer.note);
     send(answer);
 
@@ -58,32 +74,43 @@ void Session::handle(quint32 command, const QByteArray &payload)
     else if (!m_gps.isActive())
         m_gps.start();
 
-    if (command == COMIO_CMD_ALL_BITS_SET && m_settings.restarts && !m_farewell.isActive()) {
-        m_farewellChecks = 0;
-        m_farewell.start();
-    }
+    if (command == COMIO_CMD_ALL_BITS_SET && m_settings.restarts &&
+        answer.command == replyOk(command))
+        leaveOnceRead();
+}
+
+void Session::leaveOnceRead()
+{
+    if (m_farewell.isActive())
+        return;
+    m_output.finish();
+    m_farewellChecks = 0;
+    m_farewell.start();
+}
+
+void Session::setFaultsPaused(bool paused)
+{
+    m_output.setPaused(paused);
+    m_log.line(paused ? QStringLiteral("faults paused") : QStringLiteral("faults resumed"));
 }
 
 void Session::send(const Camera::Answer &answer)
 {
-    if (!m_line.isOpen())
-        return;
+    if (!m_line.isOpen() || m_farewell.isActive())
+        return; // a GPS sentence that comes too late
     m_log.answer(answer.command, answer.payload.size());
     QByteArray frame;
     m_frames.prepareMessage(answer.payload.constData(), size_t(answer.payload.size()), 1, 1,
                             static_cast<ComioInterfaceCommand_TypeDef>(answer.command), frame);
-    transmit(frame);
-}
-
-void Session::transmit(const QByteArray &bytes)
-{
-    m_line.write(bytes);
+    m_output.send(frame);
 }
 
 void Session::closeOnceRead()
 {
     // A line that closes takes unread bytes with it: the acknowledgement has to arrive first, if
     // there is anyone to read it.
+    if (m_output.isSending())
+        return;
     if (m_line.isDrained() || ++m_farewellChecks >= farewellCheckLimit)
         closeLine();
 }
@@ -92,6 +119,7 @@ void Session::closeLine()
 {
     m_farewell.stop();
     m_gps.stop();
+    m_output.end();
     m_link.remove();
     m_line.close();
     m_camera.restart();

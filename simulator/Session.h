@@ -2,6 +2,7 @@
 
 #include "simulator/Camera.h"
 #include "simulator/DeviceLink.h"
+#include "simulator/FaultyLine.h"
 #include "simulator/FrameLog.h"
 #include "simulator/PseudoTerminal.h"
 
@@ -21,6 +22,8 @@ public:
     {
         QString link;          ///< path of the lasting link, empty for none
         bool restarts = false; ///< the line goes away for a second after the all-ones command
+        Faults faults;
+        quint32 seed = 1;
     };
 
     Session(const Camera::Settings &camera, const Settings &settings, const FrameLog &log);
@@ -28,6 +31,9 @@ public:
     /// Opens the line, sets the link and announces the device. Returns what is wrong, empty on
     /// success.
     QString start();
+
+    /// Stops or resumes all faults.
+    void setFaultsPaused(bool paused);
 
 signals:
     /// A line is open under this path; again after each restart.
@@ -39,7 +45,7 @@ private:
     void received(const QByteArray &bytes);
     void handle(quint32 command, const QByteArray &payload);
     void send(const Camera::Answer &answer);
-    void transmit(const QByteArray &bytes);
+    void leaveOnceRead();
     void closeOnceRead();
     void closeLine();
 
@@ -49,6 +55,7 @@ private:
     FrameParser m_parser;
     kovoPacketManager m_frames;
     PseudoTerminal m_line;
+    FaultyLine m_output;
     DeviceLink m_link;
     QTimer m_gps;
     QTimer m_farewell;

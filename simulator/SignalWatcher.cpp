@@ -8,11 +8,13 @@
 
 namespace {
 
+constexpr int watched[] = {SIGINT, SIGTERM, SIGUSR1, SIGUSR2};
+
 int wakeUp[2] = {-1, -1}; // read end, write end
 
-extern "C" void onSignal(int)
+extern "C" void onSignal(int signal)
 {
-    const char byte = 0;
+    const char byte = static_cast<char>(signal);
     [[maybe_unused]] const ssize_t written = ::write(wakeUp[1], &byte, 1);
 }
 
@@ -34,21 +36,33 @@ SignalWatcher::SignalWatcher(QObject *parent) : QObject(parent)
     auto *notifier = new QSocketNotifier(wakeUp[0], QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this] {
         char bytes[16];
-        while (::read(wakeUp[0], bytes, sizeof bytes) > 0) {
+        ssize_t count = 0;
+        while ((count = ::read(wakeUp[0], bytes, sizeof bytes)) > 0) {
+            for (ssize_t i = 0; i < count; ++i)
+                announce(bytes[i]);
         }
-        emit signalTerminationRequested();
     });
-    handle(SIGINT, onSignal);
-    handle(SIGTERM, onSignal);
+    for (const int signal : watched)
+        handle(signal, onSignal);
 }
 
 SignalWatcher::~SignalWatcher()
 {
-    handle(SIGINT, SIG_DFL);
-    handle(SIGTERM, SIG_DFL);
+    for (const int signal : watched)
+        handle(signal, SIG_DFL);
     for (int &descriptor : wakeUp) {
         if (descriptor >= 0)
             ::close(descriptor);
         descriptor = -1;
     }
+}
+
+void SignalWatcher::announce(int signal)
+{
+    if (signal == SIGUSR1)
+        emit signalPauseRequested();
+    else if (signal == SIGUSR2)
+        emit signalResumeRequested();
+    else
+        emit signalTerminationRequested();
 }

@@ -2,8 +2,8 @@
 
 #include <QObject>
 
-/// Turns SIGINT and SIGTERM into a Qt signal, so that the program ends through its event loop. One
-/// instance a process.
+/// Turns Unix signals into Qt signals, so that the program reacts in its event loop. One instance a
+/// process.
 class SignalWatcher : public QObject
 {
     Q_OBJECT
@@ -13,5 +13,10 @@ public:
     ~SignalWatcher() override;
 
 signals:
-    void signalTerminationRequested();
+    void signalTerminationRequested(); ///< SIGINT or SIGTERM
+    void signalPauseRequested();       ///< SIGUSR1
+    void signalResumeRequested();      ///< SIGUSR2
+
+private:
+    void announce(int signal);
 };

@@ -78,10 +78,14 @@ int main(int argc, char *argv[])
     QObject::connect(&signalWatcher, &SignalWatcher::signalTerminationRequested, &application,
                      &QCoreApplication::quit);
 
-    Session session(camera, {options.link, options.restart}, log);
+    Session session(camera, {options.link, options.restart, options.faults, options.seed}, log);
     QObject::connect(&session, &Session::signalDeviceReady, announce);
     QObject::connect(&session, &Session::signalFailed,
                      [](const QString &reason) { QCoreApplication::exit(fail(reason)); });
+    QObject::connect(&signalWatcher, &SignalWatcher::signalPauseRequested, &session,
+                     [&session] { session.setFaultsPaused(true); });
+    QObject::connect(&signalWatcher, &SignalWatcher::signalResumeRequested, &session,
+                     [&session] { session.setFaultsPaused(false); });
     error = session.start();
     if (!error.isEmpty())
         return fail(error);

@@ -1,7 +1,7 @@
+#include "support/serialclient.h"
 #include "support/simulatorprocess.h"
 #include "support/wire.h"
 
-#include <QSerialPort>
 #include <QtTest>
 
 #include <csignal>
@@ -11,52 +11,6 @@
 #include <unistd.h>
 
 namespace {
-
-/// A client that talks to the camera as any program does: through a serial port.
-class Client
-{
-public:
-    bool open(const QString &path)
-    {
-        m_stream.clear();
-        m_port.setPortName(path);
-        m_port.setBaudRate(115200);
-        return m_port.open(QIODevice::ReadWrite);
-    }
-    void close() { m_port.close(); }
-
-    void send(const QByteArray &bytes)
-    {
-        m_port.write(bytes);
-        m_port.flush();
-    }
-
-    /// The next message; command 0xDEAD if none comes.
-    wire::Message receive(int timeout = 10000)
-    {
-        std::optional<wire::Message> message;
-        const bool arrived = QTest::qWaitFor(
-            [&] {
-                m_stream += m_port.readAll();
-                message = wire::take(m_stream);
-                return message.has_value();
-            },
-            timeout);
-        return arrived ? *message : wire::Message{0xDEAD, {}};
-    }
-
-    wire::Message ask(quint32 command, const QByteArray &payload = {})
-    {
-        send(wire::frame(command, payload));
-        return receive();
-    }
-
-    QSerialPort &port() { return m_port; }
-
-private:
-    QSerialPort m_port;
-    QByteArray m_stream;
-};
 
 /// A program that opens the device like a plain file and leaves the line's modes as they are.
 class RawClient
@@ -448,6 +402,9 @@ private slots:
         QTest::newRow("record for a 2.0") << QStringList{"--model", "2.0", "--config", "x"};
         QTest::newRow("no directory") << QStringList{"--state", "/dev/null/state"};
         QTest::newRow("link in no directory") << QStringList{"--link", "/nowhere/link"};
+        QTest::newRow("unknown fault") << QStringList{"--fault", "quake:1"};
+        QTest::newRow("fault out of range") << QStringList{"--fault", "drop:1.5"};
+        QTest::newRow("seed") << QStringList{"--seed", "x"};
         QTest::newRow("argument") << QStringList{"camera"};
     }
     void refusesBadOptionsWithOneLine()
@@ -467,8 +424,9 @@ private slots:
         QVERIFY(version.out.contains("2.19"));
         const Run help = run({"--help"});
         QCOMPARE(help.exitCode, 0);
-        for (const char *option : {"--model", "--serial", "--firmware", "--config", "--factory",
-                                   "--state", "--link", "--log", "--restart", "--exit-with-stdin"})
+        for (const char *option :
+             {"--model", "--serial", "--firmware", "--config", "--factory", "--state", "--link",
+              "--log", "--restart", "--exit-with-stdin", "--fault", "--seed"})
             QVERIFY2(help.out.contains(option), option);
     }
 

@@ -4,6 +4,8 @@
 #include <QProcess>
 #include <QStringList>
 
+#include <csignal>
+
 /// The real quorvix-simulator as a child process. The test's target names quorvix-simulator in its
 /// DEPENDS. The child ends with the test, however that ends.
 class SimulatorProcess
@@ -46,9 +48,24 @@ public:
         return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
     }
 
+    /// Lets its faults rest, or act again; returns once it has taken notice.
+    bool pauseFaults() { return signal(SIGUSR1, QStringLiteral("faults paused")); }
+    bool resumeFaults() { return signal(SIGUSR2, QStringLiteral("faults resumed")); }
+
     QProcess &process() { return m_process; }
 
 private:
+    bool signal(int number, const QString &answer)
+    {
+        const int before = log().count(answer);
+        ::kill(static_cast<pid_t>(m_process.processId()), number);
+        QElapsedTimer time;
+        time.start();
+        while (log().count(answer) == before && time.elapsed() < 10000)
+            m_process.waitForReadyRead(20);
+        return log().count(answer) > before;
+    }
+
     static QStringList lines(QByteArray &text, const QByteArray &more)
     {
         text += more;
