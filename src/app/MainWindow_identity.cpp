@@ -99,7 +99,7 @@ void MainWindow::parseDeviceID(QVector<unsigned char> payload)
 
     const Model *model = modelOfKey(key);
     if (!model->shortName) {
-        diagnostics::out(QStringLiteral(
+        diagnostics::err(QStringLiteral(
             "<<< MainWindow::parseDeviceID() could not parse struct, unknown device"));
         return;
     }
