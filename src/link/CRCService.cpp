@@ -9,7 +9,7 @@
 
 static constexpr std::uint32_t Polynomial = 0x04C11DB7;
 static constexpr std::uint32_t InitialCrc = 0xFFFFFFFF;
-static constexpr unsigned int WordSize = 4;
+static constexpr std::size_t WordSize = 4;
 
 // Sixteen tables fold four words in one step: tables[k][b] is what a byte b leaves behind once k
 // more bytes have been shifted through the register.
@@ -67,7 +67,8 @@ static std::uint32_t fold(std::uint32_t crc, unsigned int count, const unsigned 
 
 static std::uint32_t blockCrc(const void *data, unsigned int length)
 {
-    return fold(InitialCrc, length / WordSize, static_cast<const unsigned char *>(data));
+    return fold(InitialCrc, static_cast<unsigned int>(length / WordSize),
+                static_cast<const unsigned char *>(data));
 }
 
 unsigned int crc32(unsigned int crc, unsigned int data)
