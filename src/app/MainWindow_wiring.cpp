@@ -137,8 +137,6 @@ void MainWindow::createCompanions()
     m_sbusTester->setPacketManager(m_packetManager);
     connect(m_sbusTester, SIGNAL(signalSendPackage(QByteArray)), this,
             SLOT(slotSendPacket(QByteArray)));
-
-    connect(m_ui->actionQuit, &QAction::triggered, this, &QWidget::close);
 }
 
 void MainWindow::offerPorts(const QStringList &ports)
