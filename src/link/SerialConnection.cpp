@@ -116,7 +116,8 @@ void SerialConnection::slotTimerCheckForNewSerialPorts()
         return;
 
     QStringList ports;
-    for (const QSerialPortInfo &info : QSerialPortInfo::availablePorts())
+    const QList<QSerialPortInfo> available = QSerialPortInfo::availablePorts();
+    for (const QSerialPortInfo &info : available)
         ports.append(info.portName());
     for (const QString &extra : qAsConst(m_extraPorts))
         if (!ports.contains(extra))

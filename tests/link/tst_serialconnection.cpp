@@ -320,7 +320,8 @@ void tst_SerialConnection::otherErrorsLeaveALivePortOpen()
 
 static QStringList withSystemPorts(QStringList ports)
 {
-    for (const QSerialPortInfo &info : QSerialPortInfo::availablePorts())
+    const QList<QSerialPortInfo> available = QSerialPortInfo::availablePorts();
+    for (const QSerialPortInfo &info : available)
         ports.append(info.portName());
     std::sort(ports.begin(), ports.end());
     return ports;
