@@ -33,7 +33,7 @@ QString chosenPath(QFileDialog &dialog)
     dialog.setViewMode(QFileDialog::Detail);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
-    const QString path = dialog.selectedFiles().constFirst();
+    QString path = dialog.selectedFiles().constFirst();
     out(QStringLiteral("<<< ") + path);
     return path;
 }

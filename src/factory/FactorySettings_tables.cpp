@@ -5,6 +5,11 @@
 #include "ui_FactorySettings.h"
 
 #include <QHeaderView>
+#include <QSpinBox>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -58,6 +63,23 @@ overlay::Displacement displacement(const QTableWidget *table, int column)
     return {rows[0], rows[1], rows[2], rows[3], rows[4], rows[5], rows[6]};
 }
 
+/// Edits a displacement within the 16 bits that the record has for it.
+class DisplacementDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem & /*option*/,
+                          const QModelIndex & /*index*/) const override
+    {
+        auto *editor = new QSpinBox(parent);
+        editor->setFrame(false);
+        editor->setButtonSymbols(QAbstractSpinBox::NoButtons);
+        editor->setRange(std::numeric_limits<qint16>::min(), std::numeric_limits<qint16>::max());
+        return editor;
+    }
+};
+
 void reportSkippedColumn(const char *function, int column)
 {
     diagnostics::err(
@@ -73,6 +95,9 @@ void FactorySettings::setUpTables()
     fill(m_ui->tw_QXBZ_hdmi, initialHdmi);
     fill(m_ui->tw_QXBZ_analog, initialAnalog);
     fill(m_ui->tw_QXBZ_ardview, initialArdview);
+
+    for (QTableWidget *table : {m_ui->tw_QXBZ_hdmi, m_ui->tw_QXBZ_analog})
+        table->setItemDelegate(new DisplacementDelegate(table));
 
     // Room for every row and number, and one width for the row headers, so that the zoom positions
     // of the three tables stand in line.

@@ -26,6 +26,12 @@ int scaledIrHeight(int e)
     return 2 * e; // 512 lines * e / 256
 }
 
+/// Half of a distance in whole pixels, before it meets a scale.
+int half(int distance)
+{
+    return distance / 2;
+}
+
 /// Infrared pixels to crop from each side for `overhang` output pixels; 0 without an overhang.
 std::optional<int> cropShare(int overhang, int e)
 {
@@ -40,7 +46,7 @@ std::optional<int> opticsCrop(int scaled, int resolution, double scale)
 {
     if (scale == 0.0)
         return std::nullopt;
-    return truncated(((scaled - resolution) / 2) / scale);
+    return truncated(half(scaled - resolution) / scale);
 }
 
 } // namespace
@@ -69,8 +75,8 @@ std::optional<Ardview> ardviewFromHdmi(const Displacement &hdmi)
         return std::nullopt;
     const double s = scaleHDMI256(e);
     Ardview out;
-    out.xShift = truncated(f * s - ((scaledIrWidth(e) - c) / 2)) + ((hdmiWidth - c) / 2 - a);
-    out.yShift = ((hdmiHeight - d) / 2 - b) + truncated(g * s - ((scaledIrHeight(e) - d) / 2));
+    out.xShift = truncated(f * s - half(scaledIrWidth(e) - c)) + (half(hdmiWidth - c) - a);
+    out.yShift = (half(hdmiHeight - d) - b) + truncated(g * s - half(scaledIrHeight(e) - d));
     out.scale = truncated((1.0 / (e / 1000.0)) * 256.0);
     return out;
 }
@@ -97,23 +103,23 @@ std::optional<Displacement> analogFromHdmi(const Displacement &hdmi)
     const int h2 = h / 2;
     const double hs = scaleHDMI256(e / 2);
 
-    const int t = truncated(((w - c) / 2) / s);
-    const int u = truncated(((h - d) / 2) / s);
+    const int t = truncated(half(w - c) / s);
+    const int u = truncated(half(h - d) / s);
     if (hs == 0.0 && (t > 0 || u > 0))
         return std::nullopt;
 
     Displacement out;
     if (f == 0)
-        out.a = std::max(0, (a - (hdmiWidth - w) / 2) + (analogPictureWidth - w2) / 2);
+        out.a = std::max(0, (a - half(hdmiWidth - w)) + half(analogPictureWidth - w2));
     if (g == 0)
-        out.b = std::max(0, ((hdmiHeight - h) / 2 - b) + (analogFrameHeight - h2) / 2);
+        out.b = std::max(0, (half(hdmiHeight - h) - b) + half(analogFrameHeight - h2));
     out.c = analogWidth(w);
     out.d = analogHeight(h);
     out.e = e / 2;
     if (t > 0)
-        out.f = t - f + truncated(((w2 - analogPictureWidth) / 2) / hs);
+        out.f = t - f + truncated(half(w2 - analogPictureWidth) / hs);
     if (u > 0)
-        out.g = u - g + truncated(((h2 - analogPictureHeight) / 2) / hs);
+        out.g = u - g + truncated(half(h2 - analogPictureHeight) / hs);
     return out;
 }
 
@@ -170,7 +176,7 @@ OpticsPlacement placementFromOptics(const Optics &optics)
     out.f = out.cropsX ? opticsCrop(scaledX, resX, out.scale) : 0;
 
     out.cropsY = resY <= scaledY;
-    out.b = out.cropsY ? 0 : (resY - scaledY) / 2;
+    out.b = out.cropsY ? 0 : half(resY - scaledY);
     out.d = std::min(scaledY, resY);
     out.g = out.cropsY ? opticsCrop(scaledY, resY, out.scale) : 0;
     return out;

@@ -11,6 +11,12 @@
 #include <QTableWidget>
 #include <QVector>
 
+/// Boxes of the Blend in the order of their numbers in the record.
+inline constexpr const char *blendBoxes[] = {"sbHorizontalAdjustement", "sbVerticalAdjustment",
+                                             "sbLiveViewHorizontalAdjustment",
+                                             "sbLiveViewVerticalAdjustment", "sbScale"};
+inline constexpr const char *tableNames[] = {"tw_QXBZ_hdmi", "tw_QXBZ_analog", "tw_QXBZ_ardview"};
+
 /// The factory dialog with what the main window gives it, and what it sends and says.
 struct FactoryWindow
 {

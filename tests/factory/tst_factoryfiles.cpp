@@ -37,8 +37,6 @@ const char *const freshReport = "QX Blend Zoom 1700999\n"
                                 "Y-Shift -20,-1,0,0,0,0,0,0,0,0,\n"
                                 "Scale 620,350,230,180,140,130,120,110,100,100,\n";
 
-const char *const tableNames[] = {"tw_QXBZ_hdmi", "tw_QXBZ_analog", "tw_QXBZ_ardview"};
-
 QByteArray content(const QString &path)
 {
     QFile file(path);
