@@ -1,0 +1,338 @@
+// The program itself: command line, start and normal end. A session with a window needs a display
+// of its own (Xvfb); where there is none, the end of the window is tested in this process only.
+
+#include "support/cameraend.h"
+#include "support/captureddiagnostics.h"
+#include "support/windowundertest.h"
+
+#include <QAction>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <xcb/xcb.h>
+
+namespace {
+
+const QString program = QStringLiteral(BIN_DIR "/quorvix-config");
+
+/// Written by the off-screen platform, whatever the program does.
+const QByteArray offscreenRemark = "This plugin does not support propagateSizeHints()";
+
+QProcessEnvironment withoutDisplay()
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char *name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+        environment.remove(QString::fromLatin1(name));
+    return environment;
+}
+
+/// Standard error but for the line of the check 100 ms after a request that the camera has not
+/// answered yet.
+QString errors(const CapturedDiagnostics &lines)
+{
+    return QString(lines.err()).remove("<<< This should not have happened! Message was not send\n");
+}
+
+struct Run
+{
+    int exitCode; ///< -1 if it crashed or did not end
+    QByteArray out;
+    QByteArray err;
+};
+
+Run run(const QStringList &arguments, const QProcessEnvironment &environment)
+{
+    QProcess process;
+    process.setProcessEnvironment(environment);
+    process.start(program, arguments);
+    const bool ended = process.waitForFinished(20000);
+    if (!ended) {
+        process.kill();
+        process.waitForFinished();
+    }
+    return {ended && process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+/// An X display of its own, without a window manager.
+class Display
+{
+public:
+    ~Display()
+    {
+        if (m_connection)
+            xcb_disconnect(m_connection);
+        m_server.terminate();
+        m_server.waitForFinished();
+    }
+
+    bool start()
+    {
+        m_server.start(QStringLiteral("Xvfb"),
+                       {"-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"});
+        QByteArray number;
+        while (!number.endsWith('\n') && m_server.waitForReadyRead(20000))
+            number += m_server.readAllStandardOutput();
+        if (!number.endsWith('\n'))
+            return false;
+        m_name = QStringLiteral(":") + QString::fromLatin1(number.trimmed());
+        m_connection = xcb_connect(qPrintable(m_name), nullptr);
+        return xcb_connection_has_error(m_connection) == 0;
+    }
+
+    QString name() const { return m_name; }
+
+    /// The visible window with this title; 0 if there is none.
+    xcb_window_t find(const QByteArray &title)
+    {
+        const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+        const Reply<xcb_query_tree_reply_t> tree(
+            xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, root), nullptr));
+        if (!tree)
+            return 0;
+        const xcb_window_t *children = xcb_query_tree_children(tree.get());
+        for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i)
+            if (isVisible(children[i]) && property(children[i], "_NET_WM_NAME") == title)
+                return children[i];
+        return 0;
+    }
+
+    /// What a window manager does when the window's cross is clicked.
+    void close(xcb_window_t window)
+    {
+        xcb_client_message_event_t event{};
+        event.response_type = XCB_CLIENT_MESSAGE;
+        event.format = 32;
+        event.window = window;
+        event.type = atom("WM_PROTOCOLS");
+        event.data.data32[0] = atom("WM_DELETE_WINDOW");
+        event.data.data32[1] = XCB_CURRENT_TIME;
+        xcb_send_event(m_connection, 0, window, XCB_EVENT_MASK_NO_EVENT,
+                       reinterpret_cast<const char *>(&event));
+        xcb_flush(m_connection);
+    }
+
+private:
+    struct Free
+    {
+        void operator()(void *reply) const { std::free(reply); }
+    };
+    template <class T>
+    using Reply = std::unique_ptr<T, Free>;
+
+    xcb_atom_t atom(const QByteArray &name)
+    {
+        const auto cookie =
+            xcb_intern_atom(m_connection, 0, static_cast<uint16_t>(name.size()), name.constData());
+        const Reply<xcb_intern_atom_reply_t> reply(
+            xcb_intern_atom_reply(m_connection, cookie, nullptr));
+        return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
+    }
+
+    QByteArray property(xcb_window_t window, const QByteArray &name)
+    {
+        const auto cookie = xcb_get_property(m_connection, 0, window, atom(name),
+                                             XCB_GET_PROPERTY_TYPE_ANY, 0, 256);
+        const Reply<xcb_get_property_reply_t> reply(
+            xcb_get_property_reply(m_connection, cookie, nullptr));
+        if (!reply)
+            return {};
+        return QByteArray(static_cast<const char *>(xcb_get_property_value(reply.get())),
+                          xcb_get_property_value_length(reply.get()));
+    }
+
+    bool isVisible(xcb_window_t window)
+    {
+        const Reply<xcb_get_window_attributes_reply_t> reply(xcb_get_window_attributes_reply(
+            m_connection, xcb_get_window_attributes(m_connection, window), nullptr));
+        return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+    }
+
+    QProcess m_server;
+    QString m_name;
+    xcb_connection_t *m_connection = nullptr;
+};
+
+/// Qt's own warnings, such as those of QML bindings, for as long as it lives.
+class QtMessages
+{
+public:
+    QtMessages()
+    {
+        texts.clear();
+        s_previous = qInstallMessageHandler(&QtMessages::take);
+    }
+    ~QtMessages() { qInstallMessageHandler(s_previous); }
+    QtMessages(const QtMessages &) = delete;
+    QtMessages &operator=(const QtMessages &) = delete;
+
+    static inline QStringList texts; ///< but for the remark of the off-screen platform
+
+private:
+    static void take(QtMsgType, const QMessageLogContext &, const QString &text)
+    {
+        if (text.toUtf8() != offscreenRemark)
+            texts << text;
+    }
+    static inline QtMessageHandler s_previous = nullptr;
+};
+
+} // namespace
+
+class TestQuorvixConfig : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void versionNeedsNoDisplay_data()
+    {
+        QTest::addColumn<QString>("option");
+        QTest::newRow("--version") << "--version";
+        QTest::newRow("-v") << "-v";
+    }
+    void versionNeedsNoDisplay()
+    {
+        QFETCH(QString, option);
+        const Run result = run({option}, withoutDisplay());
+        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(result.out, QByteArray("quorvix-config 2.19\n"));
+        QCOMPARE(result.err, QByteArray());
+    }
+
+    void helpNeedsNoDisplay_data()
+    {
+        QTest::addColumn<QString>("option");
+        QTest::newRow("--help") << "--help";
+        QTest::newRow("-h") << "-h";
+    }
+    void helpNeedsNoDisplay()
+    {
+        QFETCH(QString, option);
+        const Run result = run({option}, withoutDisplay());
+        QCOMPARE(result.exitCode, 0);
+        for (const char *text : {"Usage:", "--port <NAME>", "--factory", "--help", "--version"})
+            QVERIFY2(result.out.contains(text), text);
+        QCOMPARE(result.err, QByteArray());
+    }
+
+    void wrongCommandLinesAreRefused_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QByteArray>("message");
+        QTest::newRow("unknown option") << QStringList{"--prot", "x"} << QByteArray("prot");
+        QTest::newRow("unknown short option") << QStringList{"-x"} << QByteArray("x");
+        QTest::newRow("--port without a name") << QStringList{"--port"} << QByteArray("--port");
+        QTest::newRow("--factory with a value")
+            << QStringList{"--factory=1"} << QByteArray("--factory");
+    }
+    void wrongCommandLinesAreRefused()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QByteArray, message);
+        const Run result = run(arguments, QProcessEnvironment::systemEnvironment());
+        QVERIFY(result.exitCode > 0);
+        QCOMPARE(result.out, QByteArray());
+        QCOMPARE(result.err.count('\n'), 1);
+        QVERIFY2(result.err.contains(message), result.err.constData());
+    }
+
+    void startsAndEndsSilently_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("without options") << QStringList();
+        QTest::newRow("with all options")
+            << QStringList{"--factory", "--port", "/dev/no-camera", "--port=other"};
+    }
+    void startsAndEndsSilently()
+    {
+        QFETCH(QStringList, arguments);
+        if (QStandardPaths::findExecutable("Xvfb").isEmpty())
+            QSKIP("needs Xvfb");
+        Display display;
+        QVERIFY(display.start());
+        QProcessEnvironment environment = withoutDisplay();
+        environment.insert("QT_QPA_PLATFORM", "xcb");
+        environment.insert("DISPLAY", display.name());
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(program, arguments);
+        xcb_window_t window = 0;
+        QTRY_VERIFY_WITH_TIMEOUT((window = display.find("Quorvix - Configuration - 2.19")) != 0,
+                                 20000);
+        display.close(window);
+        QVERIFY(process.waitForFinished(20000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 0);
+        QCOMPARE(process.readAllStandardError(), QByteArray());
+        QCOMPARE(process.readAllStandardOutput(), QByteArray());
+    }
+
+    void windowEndsSilentlyUnshown()
+    {
+        CapturedDiagnostics lines;
+        const QtMessages messages;
+        {
+            MainWindow window(nullptr);
+        }
+        QCOMPARE(QtMessages::texts, QStringList());
+        QVERIFY(lines.err().isEmpty() && lines.out().isEmpty());
+    }
+
+    void quitEndsTheProgramSilently_data()
+    {
+        QTest::addColumn<bool>("busy");
+        QTest::newRow("idle") << false;
+        QTest::newRow("while the indicator spins") << true;
+    }
+    void quitEndsTheProgramSilently()
+    {
+        QFETCH(bool, busy);
+        CapturedDiagnostics lines;
+        CameraEnd camera;
+        const QtMessages messages;
+        {
+            WindowUnderTest tool;
+            tool.window.show();
+            tool.window.adjustSize();
+            bool spun = false;
+            if (busy)
+                QVERIFY(tool.connectTo(camera.path()));
+            QTimer::singleShot(0, &tool.window, [&] {
+                spun = tool.busy();
+                tool.get<QAction>("actionQuit")->trigger();
+            });
+            QCOMPARE(QApplication::exec(), 0);
+            QCOMPARE(spun, busy);
+            QVERIFY(!tool.window.isVisible());
+        }
+        QCoreApplication::processEvents(); // whatever the window left behind
+        QCOMPARE(QtMessages::texts, QStringList());
+        QCOMPARE(errors(lines), QString());
+    }
+
+    void quitAfterASessionIsSilent()
+    {
+        CapturedDiagnostics lines;
+        CameraEnd camera;
+        const QtMessages messages;
+        {
+            WindowUnderTest tool;
+            tool.window.show();
+            QVERIFY(tool.connectTo(camera.path()));
+            camera.send(216, CameraEnd::identity(0xC92A6CE6));
+            QTRY_COMPARE(camera.count(102), 1);
+            lines.clear();
+            QTimer::singleShot(0, tool.get<QAction>("actionQuit"), &QAction::trigger);
+            QCOMPARE(QApplication::exec(), 0);
+        }
+        QCOMPARE(QtMessages::texts, QStringList());
+        QCOMPARE(errors(lines), QString());
+    }
+};
+
+QTEST_MAIN(TestQuorvixConfig)
+#include "tst_quorvixconfig.moc"
