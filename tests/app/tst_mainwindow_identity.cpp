@@ -1,154 +1,19 @@
 #include "support/cameraend.h"
-#include "support/captureddiagnostics.h"
 #include "support/modal.h"
+#include "support/modelwindow.h"
 #include "support/records.h"
-#include "support/windowundertest.h"
 
-#include <QAbstractItemView>
-#include <QCheckBox>
-#include <QSet>
-#include <QSignalSpy>
-#include <QStatusBar>
+#include <memory>
 
 namespace {
 
-constexpr quint32 blendKey = 0xC92A6CE6;
-constexpr quint32 zoomKey = 0xA0AF139E;
-constexpr quint32 qx20Key = 0xA0AF139F;
-
-const QString unnecessaryCall =
-    QStringLiteral("KovoDevices::setDevice() >> unnecessary call to this function\n");
 const QString softwareOutdated =
     QStringLiteral("This software tool is outdated.\n Please download a new version of this "
                    "software at\nhttps://www.quorvix.example/download.");
 const QString firmwareOutdated =
     QStringLiteral("The device firmware is outdated.\n Please update the device firmware.");
 
-/// Every widget that comes and goes with the model.
-const QSet<QString> modelWidgets = {"gb_pheriphery_externalshutter",
-                                    "gb_pheriphery_externalshutteroptions",
-                                    "comboBoxPort",
-                                    "btConnectDisconnect",
-                                    "gbSonyFCBCameraAdjustements",
-                                    "gbSonyFCBFocus",
-                                    "gbTamronFocus",
-                                    "gbSonyFCBZoom",
-                                    "gbTamronVibrationCompensation",
-                                    "gbTamronZoom",
-                                    "gb_videoMode",
-                                    "gb_hdmivideoMode",
-                                    "gb_compressionQuality",
-                                    "gb_compressionQuality_slider",
-                                    "gbImageOutput",
-                                    "gbSyncMode",
-                                    "gbSbusConnectionOptions",
-                                    "gbTestModes",
-                                    "gb_exp_uart",
-                                    "gb_vlc_ae",
-                                    "cbSbusZoom",
-                                    "cbSbusZoomMode",
-                                    "label_sbuschannel_zoom",
-                                    "label_sbuschannel_zoommode",
-                                    "label_sbuschannel_viewmode_switcthmode",
-                                    "cbSbusViewModeSwitchMode",
-                                    "label_sbus_Overlay",
-                                    "cbSbusOverlay"};
-
-const QSet<QString> blendWidgets = {"comboBoxPort",
-                                    "btConnectDisconnect",
-                                    "gb_pheriphery_externalshutter",
-                                    "label_sbus_Overlay",
-                                    "cbSbusOverlay",
-                                    "gbSonyFCBCameraAdjustements",
-                                    "gbSonyFCBFocus",
-                                    "label_sbuschannel_viewmode_switcthmode",
-                                    "cbSbusViewModeSwitchMode"};
-
-const QSet<QString> zoomWidgets = {"comboBoxPort",
-                                   "gb_pheriphery_externalshutter",
-                                   "btConnectDisconnect",
-                                   "gbTamronFocus",
-                                   "gbTamronVibrationCompensation",
-                                   "gbTamronZoom",
-                                   "gb_videoMode",
-                                   "gb_hdmivideoMode",
-                                   "gb_compressionQuality_slider",
-                                   "gbImageOutput",
-                                   "gbSyncMode",
-                                   "gbSbusConnectionOptions",
-                                   "gbTestModes",
-                                   "cbSbusZoom",
-                                   "cbSbusZoomMode",
-                                   "label_sbuschannel_zoom",
-                                   "label_sbuschannel_zoommode",
-                                   "gb_vlc_ae"};
-
-const QStringList blendExt0 = {"EXP_MODE_NONE", "EXP0_MODE_EXTERNAL_SHUTTER"};
-const QStringList blendExt1 = {"EXP_MODE_NONE", "EXP1_MODE_EXTERNAL_SHUTTER"};
-const QStringList zoomExt0 = {"EXP_MODE_NONE",   "EXP0_MODE_FFC",   "EXP0_MODE_IMAGE_SYNC",
-                              "EXP0_MODE_COMIO", "EXP0_MODE_VISCA", "EXP0_MODE_EXTERNAL_SHUTTER"};
-const QStringList zoomExt1 = {"EXP_MODE_NONE", "EXP1_MODE_EXTERNAL_SYNC_INPUT", "EXP1_MODE_COMIO",
-                              "EXP1_MODE_VISCA", "EXP1_MODE_EXTERNAL_SHUTTER"};
-
 } // namespace
-
-/// The window on the screen, with its diagnostics and perhaps a camera that the test plays.
-class Tool : public WindowUnderTest
-{
-public:
-    Tool() { window.show(); }
-
-    QSet<QString> shownModelWidgets()
-    {
-        QSet<QString> shown;
-        for (const QString &name : modelWidgets)
-            if (!widget(qPrintable(name))->isHidden())
-                shown << name;
-        return shown;
-    }
-
-    /// All widgets of the form that are hidden and none of the model's.
-    QSet<QString> otherHiddenWidgets()
-    {
-        QSet<QString> hidden;
-        for (const QWidget *child : window.centralWidget()->findChildren<QWidget *>())
-            if (child->isHidden() && !child->objectName().startsWith("qt_") &&
-                !child->objectName().isEmpty() && !modelWidgets.contains(child->objectName()) &&
-                !pageNames.contains(child->objectName()))
-                hidden << child->objectName();
-        return hidden;
-    }
-
-    QStringList items(const char *name)
-    {
-        const auto *box = get<QComboBox>(name);
-        QStringList texts;
-        for (int i = 0; i < box->count(); ++i)
-            texts << box->itemText(i);
-        return texts;
-    }
-
-    int deviceIndex() { return get<QComboBox>("cBDevice")->currentIndex(); }
-    QString status() const { return window.statusBar()->currentMessage(); }
-    bool connected()
-    {
-        return get<QPushButton>("btConnectDisconnect")->text() == QLatin1String("Disconnect");
-    }
-
-    CapturedDiagnostics lines;
-
-private:
-    /// Of the pages, a tab widget hides all but one.
-    const QSet<QString> pageNames = {"tab_5", "tab_4",        "tabSerial", "tab_SBUS",
-                                     "tab_3", "tab_liveview", "tabVLC",    "tab_2"};
-};
-
-/// The operator's pick of the item that is shown already: opens the list and takes it.
-static void pickShownItem(QComboBox *box)
-{
-    box->showPopup();
-    QTest::keyClick(box->view(), Qt::Key_Return);
-}
 
 class TestMainWindowIdentity : public QObject
 {
@@ -156,261 +21,6 @@ class TestMainWindowIdentity : public QObject
 
 private slots:
     void initTestCase() { modal::useQtDialogs(); }
-
-    // --- the form of a model
-
-    void formShowsExactlyTheWidgetsOfTheModel_data()
-    {
-        QTest::addColumn<quint32>("key");
-        QTest::addColumn<QSet<QString>>("shown");
-        QTest::addColumn<QStringList>("ext0");
-        QTest::addColumn<QStringList>("ext1");
-        QTest::addColumn<int>("index");
-        QTest::newRow("Blend") << blendKey << blendWidgets << blendExt0 << blendExt1 << 0;
-        QTest::newRow("Blend Zoom") << zoomKey << zoomWidgets << zoomExt0 << zoomExt1 << 1;
-    }
-    void formShowsExactlyTheWidgetsOfTheModel()
-    {
-        QFETCH(quint32, key);
-        QFETCH(QSet<QString>, shown);
-        Tool tool;
-        const QSet<QString> others = tool.otherHiddenWidgets();
-        QVERIFY(tool.chooseModel(key));
-        QCOMPARE(tool.shownModelWidgets(), shown);
-        QCOMPARE(tool.otherHiddenWidgets(), others);
-        QTEST(tool.items("cBext0mode"), "ext0");
-        QTEST(tool.items("cBext1mode"), "ext1");
-        QCOMPARE(tool.get<QComboBox>("cBext0mode")->currentIndex(), 0);
-        QTEST(tool.deviceIndex(), "index");
-        QVERIFY(!tool.get<QComboBox>("cBext0mode")->itemData(1).isValid());
-    }
-
-    void switchingBackAndForthLeavesNothingBehind()
-    {
-        Tool tool;
-        for (int round = 0; round < 2; ++round) {
-            QVERIFY(tool.chooseModel(blendKey));
-            QCOMPARE(tool.shownModelWidgets(), blendWidgets);
-            QCOMPARE(tool.items("cBext0mode"), blendExt0);
-            QCOMPARE(tool.items("cBext1mode"), blendExt1);
-            QCOMPARE(tool.deviceIndex(), 0);
-            QVERIFY(tool.chooseModel(zoomKey));
-            QCOMPARE(tool.shownModelWidgets(), zoomWidgets);
-            QCOMPARE(tool.items("cBext0mode"), zoomExt0);
-            QCOMPARE(tool.items("cBext1mode"), zoomExt1);
-            QCOMPARE(tool.deviceIndex(), 1);
-        }
-    }
-
-    void extensionListsAreEmptyUntilAModelIsKnown()
-    {
-        Tool tool;
-        QVERIFY(tool.items("cBext0mode").isEmpty());
-        QVERIFY(tool.items("cBext1mode").isEmpty());
-        QCOMPARE(tool.deviceIndex(), 0);
-    }
-
-    void shutterOptionsFollowTheInstalledShutter_data()
-    {
-        QTest::addColumn<quint32>("key");
-        QTest::addColumn<bool>("installed");
-        QTest::newRow("Blend, installed") << blendKey << true;
-        QTest::newRow("Blend, not installed") << blendKey << false;
-        QTest::newRow("Blend Zoom, installed") << zoomKey << true;
-        QTest::newRow("Blend Zoom, not installed") << zoomKey << false;
-    }
-    void shutterOptionsFollowTheInstalledShutter()
-    {
-        QFETCH(quint32, key);
-        QFETCH(bool, installed);
-        Tool tool;
-        tool.get<QCheckBox>("cb_pheriphery_externalshutter_installed")->setChecked(installed);
-        QVERIFY(tool.chooseModel(key));
-        QWidget *options = tool.widget("gb_pheriphery_externalshutteroptions");
-        QCOMPARE(options->isHidden(), !installed);
-        QCOMPARE(options->isEnabledTo(&tool.window), installed);
-        QVERIFY(tool.chooseModel(key == zoomKey ? blendKey : zoomKey));
-        QCOMPARE(options->isHidden(), !installed);
-        QCOMPARE(options->isEnabledTo(&tool.window), installed);
-        tool.chooseModel(qx20Key);
-        QVERIFY(options->isHidden());
-    }
-
-    void modelFromTheFormIsLaidOutTwice()
-    {
-        // The slot announces the model and runs again inside its own announcement. The second pass
-        // finds the model set. The Blend's item is the current one: nothing else asks.
-        Tool tool;
-        QVERIFY(tool.chooseModel(blendKey));
-        QCOMPARE(tool.lines.err(), unnecessaryCall);
-        QCOMPARE(tool.lines.out(), QStringLiteral("<<< QX Blend\n<<< QX Blend\n"));
-    }
-
-    void modelThatMovesTheListAsksOnceMore()
-    {
-        Tool tool;
-        QVERIFY(tool.chooseModel(zoomKey));
-        QCOMPARE(tool.lines.err(), unnecessaryCall + unnecessaryCall);
-        QCOMPARE(tool.lines.out(), QStringLiteral("<<< QX Blend Zoom\n<<< QX Blend Zoom\n"));
-        QCOMPARE(tool.deviceIndex(), 1);
-        tool.lines.clear();
-        QVERIFY(tool.chooseModel(blendKey));
-        QCOMPARE(tool.lines.err(), unnecessaryCall + unnecessaryCall);
-        QCOMPARE(tool.deviceIndex(), 0);
-    }
-
-    void sameModelAgainIsLaidOutOnce()
-    {
-        Tool tool;
-        QVERIFY(tool.chooseModel(zoomKey));
-        tool.widget("gbTestModes")->hide();
-        tool.lines.clear();
-        QVERIFY(tool.chooseModel(zoomKey));
-        QCOMPARE(tool.lines.err(), unnecessaryCall);
-        QCOMPARE(tool.lines.out(), QStringLiteral("<<< QX Blend Zoom\n"));
-        QCOMPARE(tool.shownModelWidgets(), zoomWidgets);
-        QCOMPARE(tool.items("cBext0mode"), zoomExt0);
-    }
-
-    void quorvix20HidesEverythingAndFails()
-    {
-        Tool tool;
-        QVERIFY(tool.chooseModel(zoomKey));
-        tool.lines.clear();
-        QVERIFY(!tool.chooseModel(qx20Key));
-        QVERIFY(tool.shownModelWidgets().isEmpty());
-        QVERIFY(tool.items("cBext0mode").isEmpty());
-        QVERIFY(tool.items("cBext1mode").isEmpty());
-        QCOMPARE(tool.deviceIndex(), 1);
-        const QString pass = QStringLiteral("<<< QX 2.0 not implemeted (2695828383)\n"
-                                            "<<< not a valid device\n"
-                                            "<< Device not implemented: false\n");
-        // The factory settings hear of the model between the two passes.
-        QCOMPARE(
-            tool.lines.err(),
-            unnecessaryCall + pass +
-                QStringLiteral("FactorySettings::slotDeviceChanged() Device not implemented\n") +
-                pass);
-        QVERIFY(tool.lines.out().isEmpty());
-        QVERIFY(tool.chooseModel(zoomKey));
-        QCOMPARE(tool.shownModelWidgets(), zoomWidgets);
-    }
-
-    void unknownKeyLeavesTheForm_data()
-    {
-        QTest::addColumn<quint32>("key");
-        QTest::newRow("0") << 0U;
-        QTest::newRow("below") << 0xA0AF139DU;
-        QTest::newRow("above") << 0xA0AF13A0U;
-    }
-    void unknownKeyLeavesTheForm()
-    {
-        QFETCH(quint32, key);
-        Tool tool;
-        QVERIFY(tool.chooseModel(zoomKey));
-        tool.lines.clear();
-        QVERIFY(!tool.chooseModel(key));
-        QCOMPARE(tool.lines.err(), QStringLiteral("<<< not a valid device id\n"));
-        QCOMPARE(tool.shownModelWidgets(), zoomWidgets);
-        QCOMPARE(tool.items("cBext1mode"), zoomExt1);
-        QCOMPARE(tool.deviceIndex(), 1);
-    }
-
-    // --- the list of models
-
-    void pickingTheOtherModelLaysItOutOnce()
-    {
-        Tool tool;
-        auto *list = tool.get<QComboBox>("cBDevice");
-        QSignalSpy activated(list, SIGNAL(activated(int)));
-        QTest::keyClick(list, Qt::Key_Down); // changes the text and activates the item
-        QCOMPARE(activated.count(), 1);
-        QCOMPARE(tool.shownModelWidgets(), zoomWidgets);
-        QCOMPARE(tool.lines.out(), QStringLiteral("<<< QX Blend Zoom\n"));
-        QCOMPARE(tool.lines.err(), unnecessaryCall);
-        tool.lines.clear();
-        QTest::keyClick(list, Qt::Key_Up);
-        QCOMPARE(tool.shownModelWidgets(), blendWidgets);
-        QCOMPARE(tool.lines.out(), QStringLiteral("<<< QX Blend\n"));
-        QCOMPARE(tool.lines.err(), unnecessaryCall);
-    }
-
-    void pickingTheShownModelChoosesItOnce()
-    {
-        Tool tool;
-        auto *list = tool.get<QComboBox>("cBDevice");
-        QSignalSpy activated(list, SIGNAL(activated(int)));
-        pickShownItem(list);
-        QTRY_COMPARE(activated.count(), 1);
-        QCOMPARE(tool.shownModelWidgets(), blendWidgets);
-        QCOMPARE(tool.lines.err(), unnecessaryCall);
-        tool.lines.clear();
-        pickShownItem(list); // the active device already
-        QTRY_COMPARE(activated.count(), 2);
-        QVERIFY(tool.lines.err().isEmpty());
-        QVERIFY(tool.lines.out().isEmpty());
-    }
-
-    void modelsAreKnownByTheirLongNames_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("known");
-        QTest::addColumn<QSet<QString>>("shown");
-        QTest::newRow("Blend") << "Quorvix Blend" << true << blendWidgets;
-        QTest::newRow("Blend in lower case") << "quorvix blend" << true << blendWidgets;
-        QTest::newRow("Blend Zoom") << "Quorvix Blend Zoom" << true << zoomWidgets;
-        QTest::newRow("Blend Zoom in upper case") << "QUORVIX BLEND ZOOM" << true << zoomWidgets;
-        QTest::newRow("2.0") << "Quorvix 2.0" << true << QSet<QString>();
-    }
-    void modelsAreKnownByTheirLongNames()
-    {
-        QFETCH(QString, name);
-        Tool tool;
-        bool result = false;
-        QVERIFY(QMetaObject::invokeMethod(&tool.window, "changeDeviceName",
-                                          Q_RETURN_ARG(bool, result), Q_ARG(QString, name)));
-        QTEST(result, "known");
-        QTEST(tool.shownModelWidgets(), "shown");
-        QVERIFY(tool.lines.err().startsWith(unnecessaryCall));
-    }
-
-    void otherNamesAreRefused_data()
-    {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("a short name") << "QX Blend";
-        QTest::newRow("empty") << "";
-        QTest::newRow("longer") << "Quorvix Blend Zoom ";
-    }
-    void otherNamesAreRefused()
-    {
-        QFETCH(QString, name);
-        Tool tool;
-        const QSet<QString> before = tool.shownModelWidgets();
-        QVERIFY(!tool.window.changeDeviceName(name));
-        QCOMPARE(tool.lines.err(), QStringLiteral("<< Device not implemented: %1\n").arg(name));
-        QCOMPARE(tool.shownModelWidgets(), before);
-    }
-
-    void changeByKeyIsObsolete()
-    {
-        Tool tool;
-        bool result = true;
-        QVERIFY(QMetaObject::invokeMethod(&tool.window, "changeDeviceCRC",
-                                          Q_RETURN_ARG(bool, result),
-                                          Q_ARG(unsigned int, blendKey)));
-        QVERIFY(!result);
-        QCOMPARE(
-            tool.lines.err(),
-            QStringLiteral("MainWindow::changeDeviceCRC() was replaced by slotDeviceChanged()\n"));
-    }
-
-    void parsingASerialNumberDoesNothing()
-    {
-        Tool tool;
-        QVERIFY(QMetaObject::invokeMethod(
-            &tool.window, "parseSerial", Q_ARG(QVector<unsigned char>, QVector<unsigned char>(2))));
-        QVERIFY(tool.lines.err().isEmpty() && tool.lines.out().isEmpty());
-    }
 
     // --- identity replies
 
@@ -432,7 +42,7 @@ private slots:
     {
         QFETCH(quint32, key);
         QFETCH(quint32, firmware);
-        Tool tool;
+        ModelWindow tool;
         CameraEnd camera;
         QVERIFY(tool.connectTo(camera.path()));
         QTRY_COMPARE(camera.count(116), 1);
@@ -450,7 +60,7 @@ private slots:
 
     void identityOfTheActiveDeviceLeavesTheForm()
     {
-        Tool tool;
+        ModelWindow tool;
         CameraEnd camera;
         QVERIFY(tool.chooseModel(zoomKey));
         QVERIFY(tool.connectTo(camera.path()));
@@ -465,7 +75,7 @@ private slots:
 
     void otherCameraOnTheLineChangesTheModel()
     {
-        Tool tool;
+        ModelWindow tool;
         CameraEnd camera;
         QVERIFY(tool.chooseModel(blendKey));
         QVERIFY(tool.connectTo(camera.path()));
@@ -489,7 +99,7 @@ private slots:
     {
         QFETCH(QByteArray, payload);
         QFETCH(QString, serial);
-        Tool tool;
+        ModelWindow tool;
         QVERIFY(tool.chooseModel(blendKey));
         tool.lines.clear();
         tool.window.parseDeviceID(records::payload(payload));
@@ -499,7 +109,7 @@ private slots:
 
     void foreignIdentityIsRefused()
     {
-        Tool tool;
+        ModelWindow tool;
         CameraEnd camera;
         QVERIFY(tool.connectTo(camera.path()));
         const QSet<QString> before = tool.shownModelWidgets();
@@ -518,7 +128,7 @@ private slots:
     {
         const QByteArray whole = CameraEnd::identity(blendKey);
         for (int size = 0; size < 8; ++size) {
-            Tool tool;
+            ModelWindow tool;
             tool.window.parseDeviceID(records::payload(whole.left(size)));
             QCOMPARE(tool.lines.err().count('\n'), 1);
             QVERIFY(tool.lines.out().isEmpty());
@@ -528,7 +138,7 @@ private slots:
 
     void identityOfThe20IsLaidOutAndLeftThere()
     {
-        Tool tool;
+        ModelWindow tool;
         CameraEnd camera;
         QVERIFY(tool.connectTo(camera.path()));
         QTRY_COMPARE(camera.count(116), 1);
@@ -564,7 +174,7 @@ private slots:
         QFETCH(quint32, key);
         QFETCH(quint32, firmware);
         QFETCH(QString, text);
-        Tool tool;
+        ModelWindow tool;
         CameraEnd camera;
         QVERIFY(tool.connectTo(camera.path()));
         QString title, body, status;
@@ -602,7 +212,7 @@ private slots:
 
     void closedFirmwareBoxStillRequestsTheConfiguration()
     {
-        Tool tool;
+        ModelWindow tool;
         CameraEnd camera;
         QVERIFY(tool.chooseModel(blendKey));
         QVERIFY(tool.connectTo(camera.path()));
@@ -616,7 +226,7 @@ private slots:
 
     void firmwareCheckTellsItsResult()
     {
-        Tool tool;
+        ModelWindow tool;
         QVERIFY(!tool.window.checkFirmwareDate(20200101));
         QCOMPARE(tool.lines.err(),
                  QStringLiteral("MainWindow::checkFirmwareDate() Device unknown\n"));
@@ -656,7 +266,7 @@ private slots:
     {
         QFETCH(QByteArray, record);
         QFETCH(int, colourMapOffset);
-        Tool tool;
+        ModelWindow tool;
         record[colourMapOffset] = 2;
         const QByteArray sealed = records::sealed(record);
         QVERIFY(tool.window.parseUnknownControlStruct(records::payload(sealed)));
@@ -733,7 +343,7 @@ private slots:
         QFETCH(QString, out);
         QFETCH(QString, err);
         QFETCH(QString, box);
-        Tool tool;
+        ModelWindow tool;
         CameraEnd camera;
         QVERIFY(tool.chooseModel(blendKey));
         QVERIFY(tool.connectTo(camera.path()));
@@ -764,7 +374,7 @@ private slots:
 
     void invalidRecordWithoutAConnectionIsOnlyReported()
     {
-        Tool tool;
+        ModelWindow tool;
         bool result = true;
         QVERIFY(QMetaObject::invokeMethod(
             &tool.window, "parseUnknownControlStruct", Q_RETURN_ARG(bool, result),
@@ -778,7 +388,7 @@ private slots:
 
     void shortRecordsAreRefusedWhatTheyHold()
     {
-        Tool tool;
+        ModelWindow tool;
         for (const QByteArray &whole :
              {records::sealed(records::blend()), records::sealed(records::blendZoom())}) {
             for (int size = 0; size < whole.size(); ++size) {
@@ -804,7 +414,7 @@ private slots:
     void configurationIsRequestedOfTheBlendModels()
     {
         QFETCH(quint32, key);
-        Tool tool;
+        ModelWindow tool;
         CameraEnd camera;
         QVERIFY(tool.connectTo(camera.path()));
         tool.window.requestConfig(static_cast<KovoDeviceCRCKey_TypeDef>(key));
@@ -814,7 +424,7 @@ private slots:
 
     void configurationOfOtherModelsIsNotRequested()
     {
-        Tool tool;
+        ModelWindow tool;
         CameraEnd camera;
         QVERIFY(tool.connectTo(camera.path()));
         QTRY_VERIFY(tool.lines.err().endsWith("Message was not send\n"));
