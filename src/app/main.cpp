@@ -1,4 +1,5 @@
 #include "app/MainWindow.h"
+#include "diagnostics/diagnostics.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -6,6 +7,7 @@
 #include <QSGRendererInterface>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 
 namespace {
@@ -58,6 +60,11 @@ Options optionsOf(const QCoreApplication &application)
                        "editor."));
     parser.addOptions({port, factory});
     parser.process(application);
+    if (!parser.positionalArguments().isEmpty()) {
+        diagnostics::err(QStringLiteral("Unexpected argument: ") +
+                         parser.positionalArguments().constFirst());
+        std::exit(EXIT_FAILURE);
+    }
     return {parser.values(port), parser.isSet(factory)};
 }
 

@@ -27,6 +27,9 @@ void reportRows(QTextStream &stream, const QTableWidget *table)
     }
 }
 
+/// More than a record holds: enough to judge a file by, whatever its size.
+constexpr qint64 longestRead = 0x10000;
+
 /// Runs the dialog; the first path chosen, or nothing after a cancel.
 QString chosenPath(QFileDialog &dialog)
 {
@@ -114,7 +117,7 @@ void FactorySettings::readFile()
     QFile file(path);
     if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
         return;
-    const QByteArray bytes = file.readAll();
+    const QByteArray bytes = file.read(qMin(file.size(), longestRead));
     if (activeDevice() != KovoDevice_QXBlendZoom) {
         err(QStringLiteral("FactorySettings::readFile() Device not implemted"));
         return;

@@ -228,6 +228,8 @@ private slots:
         QTest::newRow("--port without a name") << QStringList{"--port"} << QByteArray("--port");
         QTest::newRow("--factory with a value")
             << QStringList{"--factory=1"} << QByteArray("--factory");
+        QTest::newRow("argument without an option")
+            << QStringList{"/dev/ttyACM0"} << QByteArray("/dev/ttyACM0");
     }
     void wrongCommandLinesAreRefused()
     {

@@ -7,6 +7,10 @@
 /// Builds configuration records byte by byte, independently of the program's own structs.
 namespace records {
 
+constexpr quint32 keyBlend = 0xC92A6CE6;
+constexpr quint32 keyBlendZoom = 0xA0AF139E;
+constexpr quint32 key20 = 0xA0AF139F;
+
 /// CRC-16 of the records, straight from its definition: bits least significant first, polynomial
 /// x^16+... in the reflected form 0xC599, start 0.
 inline quint16 crc16(const QByteArray &bytes)
