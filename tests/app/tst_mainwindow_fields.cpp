@@ -21,7 +21,7 @@ class TestMainWindowFields : public QObject
     static Field field()
     {
         QFETCH(int, field);
-        return field < 0 ? configurationfields::extensions(zoomRow()).at(std::size_t(field + 2))
+        return field < 0 ? configurationfields::extensions(zoomRow()).at(field == -2 ? 0 : 1)
                          : configurationfields::all().at(std::size_t(field));
     }
     static int offset() { return zoomRow() ? field().zoomOffset : field().blendOffset; }
