@@ -39,6 +39,7 @@ private slots:
     void parserStateIsSharedByAllManagersAndOutlivesThem();
     void bytesFedByAReceiverAreParsedAfterThoseWaiting();
     void slotIsInvokableByName();
+    void belongsToItsParent();
 
 private:
     static QByteArray prepared(const QByteArray &payload, uint16_t part = 1, uint16_t count = 1,
@@ -188,6 +189,12 @@ void tst_kovoPacketManager::slotIsInvokableByName()
     QVERIFY(QMetaObject::invokeMethod(&manager, "slotPacketStateMachine",
                                       Q_ARG(QByteArray, prepared("", 1, 1, 216))));
     QCOMPARE(messages(spy), QVector<Message>({{216, QByteArray()}}));
+}
+
+void tst_kovoPacketManager::belongsToItsParent()
+{
+    QObject parent;
+    QCOMPARE(kovoPacketManager(&parent).parent(), &parent);
 }
 
 QTEST_GUILESS_MAIN(tst_kovoPacketManager)
