@@ -61,7 +61,7 @@ QString parseOptions(const QStringList &arguments, Options &options)
                        exitWithStdin, fault, seed});
     if (!parser.parse(arguments))
         return parser.errorText();
-    if (parser.isSet(help))
+    if (parser.isSet(help) || parser.isSet("help-all"))
         parser.showHelp();
     if (parser.isSet(version))
         parser.showVersion();

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QIcon>
 #include <QQuickWindow>
 #include <QSGRendererInterface>
 
@@ -82,6 +83,9 @@ int main(int argc, char *argv[])
     chooseSoftwareRendering();
     QApplication application(argc, argv);
     const Options options = optionsOf(application);
+    // Desktops that take a window's icon and name from its entry in the menu find it by this name.
+    QGuiApplication::setDesktopFileName(QStringLiteral("example.quorvix.Config"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/quorvix-config.svg")));
 
     MainWindow window(nullptr);
     window.offerPorts(options.ports);

@@ -428,6 +428,7 @@ private slots:
              {"--model", "--serial", "--firmware", "--config", "--factory", "--state", "--link",
               "--log", "--restart", "--exit-with-stdin", "--fault", "--seed"})
             QVERIFY2(help.out.contains(option), option);
+        QCOMPARE(run({"--help-all"}).exitCode, 0);
     }
 
 private:
