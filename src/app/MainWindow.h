@@ -186,12 +186,19 @@ public slots:
     void slotSetFactorySettings_CurrentAnaloge(int16_t a, int16_t b, int16_t c, int16_t d,
                                                int16_t e, int16_t f, int16_t g);
 
+    // MainWindow_help.cpp: help menu, keys
+    void slotOpenUserGuide();
+    void slotShowAbout();
+
 protected:
     bool event(QEvent *event) override;
 
 private:
     void fillEnumerationLists();
     void createCompanions();
+    void createHelpMenu();
+    void createShortcuts();
+    void showOpenFailure(const QString &port);
     void send(ComioInterfaceCommand_TypeDef command, const QByteArray &payload = {});
     void sendWhileConnected(ComioInterfaceCommand_TypeDef command, const QByteArray &payload);
     bool settleOutstandingCommand(ComioInterfaceCommand_TypeDef command);
@@ -209,6 +216,7 @@ private:
     sbusTester *m_sbusTester = nullptr;
     LiveEdit *m_liveEdit = nullptr;
     guistatus m_status;
+    bool m_openFailureShown = false; ///< by the status bar
 
     RecordTable m_blendTable;     ///< built at its first use
     RecordTable m_blendZoomTable; ///< built at its first use

@@ -12,7 +12,11 @@
 #include <QMetaEnum>
 #include <QStatusTipEvent>
 
+#include <utility>
+
 namespace {
+
+constexpr char InitialStatus[] = "KoVo";
 
 template <class Enum>
 QString keyText(Enum value)
@@ -34,10 +38,12 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), m_ui(new Ui::Main
 
     fillEnumerationLists();
     createCompanions();
+    createHelpMenu();
+    createShortcuts();
     slotPortConnectionChanged(false);
     m_status.setBusy(false);
     busyindicator::load(m_ui->quickWidget, &m_status, m_ui->label->palette().window().color());
-    m_ui->statusBar->showMessage(QStringLiteral("KoVo"));
+    m_ui->statusBar->showMessage(QLatin1String(InitialStatus));
     m_ui->pbFactorySettings->hide();
     m_ui->pb_TestWindow->hide();
     // The form has tabs 0 to 7: a harmless no-op that keeps a ninth one out.
@@ -171,8 +177,31 @@ void MainWindow::on_btConnectDisconnect_clicked()
     const QString port = m_ui->comboBoxPort->currentText();
     if (m_serial->isOpen() || port.isEmpty())
         m_serial->closeSerialPort();
-    else
-        m_serial->openSerialPort(port);
+    else if (!m_serial->openSerialPort(port))
+        showOpenFailure(port);
+    else if (std::exchange(m_openFailureShown, false))
+        m_ui->statusBar->showMessage(QLatin1String(InitialStatus));
+}
+
+void MainWindow::showOpenFailure(const QString &port)
+{
+    m_openFailureShown = true;
+    const auto show = [&](const QString &reason) {
+        m_ui->statusBar->showMessage(reason.arg(port));
+    };
+    switch (m_serial->lastOpening()) {
+    case SerialConnection::Opening::NotPermitted:
+        return show(tr("Cannot open %1: no permission. Add your user to the group dialout, then "
+                       "log in again."));
+    case SerialConnection::Opening::Busy:
+        return show(tr("Cannot open %1: another program holds it. Close that program, then "
+                       "connect again."));
+    case SerialConnection::Opening::NotFound:
+        return show(tr("Cannot open %1: no such device. Plug the camera in again."));
+    default:
+        return show(tr("Cannot open %1: it is no usable serial port. Choose another one, or plug "
+                       "the camera in again."));
+    }
 }
 
 void MainWindow::slotPortConnectionChanged(bool)

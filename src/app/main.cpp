@@ -81,6 +81,8 @@ int main(int argc, char *argv[])
     }
 
     chooseSoftwareRendering();
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
     const Options options = optionsOf(application);
     // Desktops that take a window's icon and name from its entry in the menu find it by this name.

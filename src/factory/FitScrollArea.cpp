@@ -34,7 +34,8 @@ QSize FitScrollArea::minimumSizeHint() const
 
 bool FitScrollArea::event(QEvent *event)
 {
-    if (event->type() == QEvent::LayoutRequest)
-        updateGeometry(); // the content shows or hides parts
+    // The content shows or hides parts, also while the window is hidden.
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show)
+        updateGeometry();
     return QScrollArea::event(event);
 }

@@ -2,10 +2,13 @@
 
 #include "diagnostics/diagnostics.h"
 
+#include <QFile>
 #include <QSerialPortInfo>
 
 #ifdef Q_OS_UNIX
+#include <fcntl.h>
 #include <poll.h>
+#include <unistd.h>
 #endif
 
 static constexpr int PollIntervalMs = 500;
@@ -37,11 +40,13 @@ bool SerialConnection::openSerialPort(QString portName)
     m_serialPort->blockSignals(false);
     setPortName(portName);
     if (m_portName.isEmpty()) {
+        m_lastOpening = Opening::NotFound;
         diagnostics::out("error: serial port name not valid");
         return false;
     }
     m_serialPort->setPortName(m_portName);
     if (!m_serialPort->open(QIODevice::ReadWrite)) {
+        m_lastOpening = reasonOfFailure();
         diagnostics::out("<<< failed to open serial connection");
         return false;
     }
@@ -55,6 +60,7 @@ bool SerialConnection::openSerialPort(QString portName)
     m_serialPort->setFlowControl(static_cast<QSerialPort::FlowControl>(m_flowControl.value));
 
     m_connected = true;
+    m_lastOpening = Opening::Succeeded;
     emit signalPortConnectionChanged(true);
     return true;
 }
@@ -79,6 +85,11 @@ void SerialConnection::closeSerialPort()
 bool SerialConnection::isOpen() const
 {
     return m_serialPort->isOpen();
+}
+
+SerialConnection::Opening SerialConnection::lastOpening() const
+{
+    return m_lastOpening;
 }
 
 void SerialConnection::writeSerialPortData(const QByteArray &data)
@@ -155,4 +166,24 @@ bool SerialConnection::isHungUp() const
 #else
     return false;
 #endif
+}
+
+SerialConnection::Opening SerialConnection::reasonOfFailure() const
+{
+    switch (m_serialPort->error()) {
+    case QSerialPort::DeviceNotFoundError:
+        return Opening::NotFound;
+    case QSerialPort::PermissionError:
+        break; // refused by the device's rights, or by the program that holds it
+    default:
+        return Opening::Failed;
+    }
+#ifdef Q_OS_UNIX
+    const QByteArray path = QFile::encodeName(m_portName.startsWith(QLatin1Char('/'))
+                                                  ? m_portName
+                                                  : QStringLiteral("/dev/") + m_portName);
+    if (faccessat(AT_FDCWD, path.constData(), R_OK | W_OK, AT_EACCESS) != 0)
+        return Opening::NotPermitted;
+#endif
+    return Opening::Busy;
 }

@@ -12,6 +12,16 @@ class SerialConnection : public QObject
     Q_OBJECT
 
 public:
+    /// How the last attempt to open a port ended.
+    enum class Opening {
+        NotTried,
+        Succeeded,
+        NotPermitted, ///< the user may not read and write the device
+        Busy,         ///< another program holds it
+        NotFound,     ///< no such device, or no longer
+        Failed,       ///< any other reason
+    };
+
     explicit SerialConnection(QObject *parent);
     ~SerialConnection() override;
 
@@ -20,6 +30,7 @@ public:
     bool openSerialPort(QString portName);
     void closeSerialPort();
     bool isOpen() const;
+    Opening lastOpening() const;
     /// Writes one frame; dropped with a diagnostic line while no port is open.
     void writeSerialPortData(const QByteArray &data);
 
@@ -46,6 +57,7 @@ private:
     };
 
     bool isHungUp() const;
+    Opening reasonOfFailure() const;
 
     QString m_portName;
     Setting m_baudRate{QSerialPort::Baud115200, "115200"};
@@ -56,6 +68,7 @@ private:
     QSerialPort *m_serialPort;
     QTimer *m_pollTimer;
     bool m_connected = false;
+    Opening m_lastOpening = Opening::NotTried;
     QStringList m_knownPorts;
     QStringList m_extraPorts;
 };

@@ -1,0 +1,95 @@
+#include "app/MainWindow.h"
+
+#include "ui_MainWindow.h"
+
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QShortcut>
+#include <QUrl>
+#include <QWhatsThis>
+
+namespace {
+
+/// The installed guide, or that of the sources a program in its build directory was built from.
+QString userGuide()
+{
+    const QString here = QCoreApplication::applicationDirPath();
+    for (const char *place : {"/../share/doc/quorvix-config/guide.md", "/../../../docs/guide.md"}) {
+        const QFileInfo file(here + QLatin1String(place));
+        if (file.exists())
+            return file.canonicalFilePath();
+    }
+    return {};
+}
+
+} // namespace
+
+void MainWindow::createHelpMenu()
+{
+    QMenu *menu = m_ui->menuBar->addMenu(tr("&Help"));
+    menu->setObjectName(QStringLiteral("menuHelp"));
+
+    QAction *guide = menu->addAction(tr("&User guide"), this, &MainWindow::slotOpenUserGuide);
+    guide->setObjectName(QStringLiteral("actionUserGuide"));
+    guide->setShortcut(QKeySequence::HelpContents);
+
+    QAction *whatsThis = QWhatsThis::createAction(menu);
+    whatsThis->setObjectName(QStringLiteral("actionWhatsThis"));
+    menu->addAction(whatsThis);
+
+    menu->addSeparator();
+    QAction *about = menu->addAction(tr("&About"), this, &MainWindow::slotShowAbout);
+    about->setObjectName(QStringLiteral("actionAbout"));
+    about->setMenuRole(QAction::AboutRole);
+    QAction *aboutQt = menu->addAction(tr("About &Qt"), qApp, &QApplication::aboutQt);
+    aboutQt->setObjectName(QStringLiteral("actionAboutQt"));
+    aboutQt->setMenuRole(QAction::AboutQtRole);
+}
+
+void MainWindow::createShortcuts()
+{
+    // The texts of these buttons, tabs and menus carry no mnemonics.
+    m_ui->btnReadConf->setShortcut(QKeySequence::Refresh);
+    m_ui->btnSetConf->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_S);
+    m_ui->pbLivePreview->setShortcut(Qt::Key_F6);
+    // Beside the button: it loses a shortcut of its own when its text changes.
+    new QShortcut(Qt::CTRL + Qt::Key_K, m_ui->btConnectDisconnect, SLOT(click()));
+    new QShortcut(Qt::ALT + Qt::Key_F, this,
+                  [this] { m_ui->menuBar->setActiveAction(m_ui->menuFile->menuAction()); });
+    for (int tab = 0; tab < m_ui->tabWidget->count(); ++tab)
+        new QShortcut(Qt::CTRL + Qt::Key_1 + tab, this,
+                      [this, tab] { m_ui->tabWidget->setCurrentIndex(tab); });
+}
+
+void MainWindow::slotOpenUserGuide()
+{
+    const QString guide = userGuide();
+    if (guide.isEmpty()) {
+        QMessageBox::information(this, tr("User guide"),
+                                 tr("<p>The user guide is not installed on this computer.</p>"
+                                    "<p>It comes with the program's package and its sources as "
+                                    "guide.md.</p>"));
+        return;
+    }
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(guide)))
+        QMessageBox::information(this, tr("User guide"),
+                                 tr("<p>No program was found that shows the user guide. Open this "
+                                    "file in a browser or an editor:</p><p>%1</p>")
+                                     .arg(guide.toHtmlEscaped()));
+}
+
+void MainWindow::slotShowAbout()
+{
+    QMessageBox::about(
+        this, tr("About Quorvix Configuration"),
+        tr("<h3>Quorvix Configuration %1</h3>"
+           "<p>Sets up Quorvix Blend and Quorvix Blend Zoom thermal cameras.</p>"
+           "<p>Running with Qt %2, built with Qt %3.</p>"
+           "<p>Uses the Qt 5 libraries Core, Gui, Widgets, Serial Port, QML, Quick and Quick "
+           "Controls as shared libraries under the GNU Lesser General Public License, version 3. "
+           "Their sources come from the Qt Project and from the distribution that installed "
+           "them.</p>")
+            .arg(QStringLiteral(QUORVIX_VERSION), QString::fromLatin1(qVersion()),
+                 QStringLiteral(QT_VERSION_STR)));
+}
