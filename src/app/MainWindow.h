@@ -142,6 +142,11 @@ public slots:
     void setConfig_qx_2_0();
     void on_actionOpen_triggered();
     void on_actionSave_triggered();
+    /// Fills the form from a file and, while connected, offers to write it to the camera. A file
+    /// that cannot be opened does nothing.
+    void loadConfigurationFile(const QString &path);
+    /// Writes the record of the active device; an empty file for one without a record.
+    void saveConfigurationFile(const QString &path);
 
     // MainWindow_interlocks.cpp: which field enables, hides or presets which
     void on_cbPeripheryGimbalrc_stateChanged(int state);

@@ -126,8 +126,14 @@ void MainWindow::on_actionOpen_triggered()
     dialog.setNameFilter(QStringLiteral("Binary files (*.bin *.BIN)"));
     dialog.setViewMode(QFileDialog::Detail);
     const QString path = chosenFile(dialog);
+    if (!path.isEmpty())
+        loadConfigurationFile(path);
+}
+
+void MainWindow::loadConfigurationFile(const QString &path)
+{
     QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly))
         return;
     const QByteArray bytes = file.read(qMin(file.size(), longestRead));
     parseUnknownControlStruct(QVector<unsigned char>(bytes.begin(), bytes.end()));
@@ -147,8 +153,12 @@ void MainWindow::on_actionSave_triggered()
     dialog.setNameFilter(QStringLiteral("Binary files (*bin *.BIN)"));
     dialog.setViewMode(QFileDialog::List);
     const QString path = chosenFile(dialog);
-    if (path.isEmpty())
-        return;
+    if (!path.isEmpty())
+        saveConfigurationFile(path);
+}
+
+void MainWindow::saveConfigurationFile(const QString &path)
+{
     QSaveFile file(path); // an existing file is replaced as a whole or not at all
     file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly))

@@ -87,6 +87,8 @@ public slots:
     void writeReport(QString dir);
     /// Lets the operator choose a data file and shows its record.
     void readFile();
+    /// Shows the record of a data file; one that cannot be opened does nothing.
+    void loadFile(const QString &path);
     void ui2report_QXBlendZoom(QTextStream &out);
 
 private:

@@ -114,8 +114,14 @@ void FactorySettings::readFile()
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setNameFilter(QStringLiteral("Data files (*.dat *.DAT)"));
     const QString path = chosenPath(dialog);
+    if (!path.isEmpty())
+        loadFile(path);
+}
+
+void FactorySettings::loadFile(const QString &path)
+{
     QFile file(path);
-    if (path.isEmpty() || !file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly))
         return;
     const QByteArray bytes = file.read(qMin(file.size(), longestRead));
     if (activeDevice() != KovoDevice_QXBlendZoom) {
