@@ -7,6 +7,7 @@
 #include "records/thermalCommPacket_Blend_Zoom_R13_TypeDef.h"
 
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QSaveFile>
 
 #include <array>
@@ -133,7 +134,8 @@ void MainWindow::on_actionOpen_triggered()
 void MainWindow::loadConfigurationFile(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    // A pipe would keep the window waiting until somebody writes to it.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return;
     const QByteArray bytes = file.read(qMin(file.size(), longestRead));
     parseUnknownControlStruct(QVector<unsigned char>(bytes.begin(), bytes.end()));

@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QTextStream>
 
 #include <cstring>
@@ -121,7 +122,8 @@ void FactorySettings::readFile()
 void FactorySettings::loadFile(const QString &path)
 {
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    // A pipe would keep the window waiting until somebody writes to it.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return;
     const QByteArray bytes = file.read(qMin(file.size(), longestRead));
     if (activeDevice() != KovoDevice_QXBlendZoom) {
