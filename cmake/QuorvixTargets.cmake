@@ -32,10 +32,19 @@ function(quorvix_test name)
     if(ARG_DEPENDS)
         add_dependencies(${name} ${ARG_DEPENDS})
     endif()
+    quorvix_register_test(${name} TIMEOUT ${ARG_TIMEOUT} COMMAND ${name})
+endfunction()
+
+# quorvix_register_test(NAME TIMEOUT seconds COMMAND command [argument...])
+#
+# Registers a program with CTest, to run off screen with private runtime and configuration
+# directories.
+function(quorvix_register_test name)
+    cmake_parse_arguments(ARG "" "TIMEOUT" "COMMAND" ${ARGN})
     set(home ${CMAKE_BINARY_DIR}/tests/home/${name})
     file(MAKE_DIRECTORY ${home})
     file(CHMOD ${home} DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
-    add_test(NAME ${name} COMMAND ${name})
+    add_test(NAME ${name} COMMAND ${ARG_COMMAND})
     set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT
         "QT_QPA_PLATFORM=offscreen;XDG_RUNTIME_DIR=${home};XDG_CONFIG_HOME=${home};HOME=${home};LC_ALL=C.UTF-8;QT_QUICK_BACKEND=software;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endfunction()
