@@ -78,7 +78,6 @@ public:
 
     void take()
     {
-        m_window.showFactoryButtons();
         m_window.show();
         m_window.adjustSize();
         if (m_size.isValid())
@@ -217,6 +216,7 @@ private:
         const bool zoom = m_model == QLatin1String("blend-zoom");
         if (zoom)
             expectBox(QStringLiteral("read-settings"), QMessageBox::Ok);
+        m_window.showFactoryButtons();
         get("pbFactorySettings")->click();
         if (zoom)
             waitFor("the factory settings", [&] { return m_boxName.isEmpty(); });
