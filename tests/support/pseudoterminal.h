@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QByteArray>
+#include <QFile>
 #include <QString>
+#include <QTemporaryDir>
 
 #include <cstdlib>
 #include <fcntl.h>
@@ -9,6 +11,10 @@
 #include <unistd.h>
 
 /// A raw pseudo-terminal whose slave end stands for the camera's serial port.
+///
+/// Clients open it by a link with a name of its own. The number of a pseudo-terminal is given out
+/// again as soon as its ends are closed, but QSerialPort removes the lock file of that name only
+/// after it closed its end: another test that gets the number in between would find it locked.
 class PseudoTerminal
 {
 public:
@@ -20,7 +26,8 @@ public:
         termios settings = lineSettings();
         cfmakeraw(&settings);
         tcsetattr(m_master, TCSANOW, &settings);
-        m_path = QString::fromLocal8Bit(ptsname(m_master));
+        if (!QFile::link(QString::fromLocal8Bit(ptsname(m_master)), path()))
+            qFatal("no link to the pseudo-terminal");
         // Without an open slave the master reads as hung up whenever no client is there.
         m_slave = open(ptsname(m_master), O_RDWR | O_NOCTTY | O_CLOEXEC);
     }
@@ -28,8 +35,8 @@ public:
     PseudoTerminal(const PseudoTerminal &) = delete;
     PseudoTerminal &operator=(const PseudoTerminal &) = delete;
 
-    /// Absolute path of the slave end.
-    QString path() const { return m_path; }
+    /// Absolute path of the link to the slave end.
+    QString path() const { return m_folder.filePath(QStringLiteral("camera")); }
 
     /// Sends bytes to whoever has the slave open; false if they do not fit at once.
     bool write(const QByteArray &bytes)
@@ -68,6 +75,6 @@ public:
 private:
     int m_master;
     int m_slave = -1;
-    QString m_path;
+    QTemporaryDir m_folder;
     QByteArray m_received;
 };
