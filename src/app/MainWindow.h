@@ -199,6 +199,7 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    void alignLabelColumns();
     void fillEnumerationLists();
     void createCompanions();
     void createHelpMenu();

@@ -12,6 +12,8 @@
 #include <QMetaEnum>
 #include <QStatusTipEvent>
 
+#include <algorithm>
+#include <initializer_list>
 #include <utility>
 
 namespace {
@@ -22,6 +24,21 @@ template <class Enum>
 QString keyText(Enum value)
 {
     return QString::fromLatin1(QMetaEnum::fromType<Enum>().valueToKey(value));
+}
+
+/// The inputs of forms that stand above one another begin in one line.
+void alignLabels(std::initializer_list<QFormLayout *> forms)
+{
+    QList<QWidget *> labels;
+    int width = 0;
+    for (const QFormLayout *form : forms)
+        for (int row = 0; row < form->rowCount(); ++row)
+            if (QLayoutItem *item = form->itemAt(row, QFormLayout::LabelRole)) {
+                labels << item->widget();
+                width = std::max(width, item->widget()->sizeHint().width());
+            }
+    for (QWidget *label : qAsConst(labels))
+        label->setMinimumWidth(width);
 }
 
 } // namespace
@@ -36,6 +53,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), m_ui(new Ui::Main
                           m_ui->sb_eso_opt5, m_ui->gb_VLC_cam})
         widget->hide();
 
+    alignLabelColumns();
     fillEnumerationLists();
     createCompanions();
     createHelpMenu();
@@ -61,6 +79,19 @@ MainWindow::~MainWindow()
     delete m_liveEdit;
     delete m_sbusTester;
     delete m_ui;
+}
+
+void MainWindow::alignLabelColumns()
+{
+    alignLabels({m_ui->layout_optionalpheriphery, m_ui->layout_testmodes});
+    alignLabels({m_ui->layout_triggermodes, m_ui->layout_FFCmode});
+    alignLabels({m_ui->layout_videoMode, m_ui->layout_liveview, m_ui->layout_isotherms});
+    alignLabels({m_ui->layout_hdmivideoMode, m_ui->layout_iradj});
+    alignLabels(
+        {m_ui->layout_TamronZoom, m_ui->layout_vlc_ae, m_ui->layout_TamronVibrationCompensation});
+    alignLabels({m_ui->layout_SonyFCBFocus, m_ui->layout_SonyFCBCameraAdjustements});
+    alignLabels({m_ui->layout_ImageOutput, m_ui->layout_frameskip, m_ui->layout_SyncMode,
+                 m_ui->layout_compressionQuality_slider});
 }
 
 void MainWindow::fillEnumerationLists()

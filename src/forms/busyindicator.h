@@ -7,7 +7,8 @@ class guistatus;
 /// The QML busy indicator of a window: it spins while `status` is busy.
 namespace busyindicator {
 
-/// Loads the indicator into `view` on the given background. `status` must outlive the view's
+/// Loads the indicator into `view` on the given background, which follows later changes of the
+/// palette. `status` must outlive the view's
 /// content: call `unload` before it goes.
 void load(QQuickWidget *view, guistatus *status, const QColor &background);
 

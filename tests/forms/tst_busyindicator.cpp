@@ -4,6 +4,7 @@
 #include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickWidget>
+#include <QQuickWindow>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -38,6 +39,19 @@ private slots:
         QVERIFY(view.rootObject()->property("running").toBool());
         status.setBusy(false);
         QVERIFY(!view.rootObject()->property("running").toBool());
+    }
+
+    void backgroundFollowsThePalette()
+    {
+        guistatus status;
+        QWidget window;
+        QQuickWidget view(&window);
+        busyindicator::load(&view, &status, Qt::white);
+        QCOMPARE(view.quickWindow()->color(), QColor(Qt::white));
+        QPalette dark;
+        dark.setColor(QPalette::Window, QColor(20, 30, 40));
+        window.setPalette(dark);
+        QCOMPARE(view.quickWindow()->color(), QColor(20, 30, 40));
     }
 
     void unloadedIndicatorOutlivesItsState()
