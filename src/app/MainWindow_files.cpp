@@ -8,7 +8,6 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <array>
 #include <fcntl.h>
@@ -161,13 +160,13 @@ void MainWindow::on_actionSave_triggered()
 
 void MainWindow::saveConfigurationFile(const QString &path)
 {
-    QSaveFile file(path); // an existing file is replaced as a whole or not at all
-    file.setDirectWriteFallback(true);
-    if (!file.open(QIODevice::WriteOnly))
+    const QFileInfo existing(path);
+    QFile file(path);
+    // A pipe would keep the window waiting until somebody reads from it.
+    if ((existing.exists() && !existing.isFile()) || !file.open(QIODevice::WriteOnly))
         return;
     const QByteArray record = recordFromForm();
     if (record.isEmpty())
         diagnostics::err(QStringLiteral("<<< not implemeted"));
     file.write(record);
-    file.commit();
 }

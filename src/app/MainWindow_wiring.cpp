@@ -178,7 +178,9 @@ void MainWindow::createCompanions()
 
 void MainWindow::offerPorts(const QStringList &ports)
 {
-    m_serial->setExtraPorts(ports);
+    QStringList named = ports;
+    named.removeAll(QString());
+    m_serial->setExtraPorts(named);
 }
 
 void MainWindow::showFactoryButtons()
@@ -240,10 +242,13 @@ void MainWindow::slotPortConnectionChanged(bool)
     const bool open = m_serial->isOpen();
     m_ui->btConnectDisconnect->setText(open ? QStringLiteral("Disconnect")
                                             : QStringLiteral("Connect"));
-    if (open)
+    if (open) {
         send(COMIO_CMD_GET_DEVICE_ID);
-    else
+        if (!m_serial->isOpen())
+            return; // the line vanished under the request, which has closed the form already
+    } else {
         m_status.setBusy(false);
+    }
 
     m_factorySettings->connectDevice(open);
     m_liveEdit->connectDevice(open);

@@ -75,10 +75,8 @@ int main(int argc, char *argv[])
 {
     QCoreApplication::setApplicationName(QStringLiteral("quorvix-config"));
     QCoreApplication::setApplicationVersion(QStringLiteral(QUORVIX_VERSION));
-    if (argc > 0 && asksForText(argc, argv)) {
-        QCoreApplication application(argc, argv);
-        optionsOf(application);
-    }
+    if (argc > 0 && asksForText(argc, argv))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
 
     chooseSoftwareRendering();
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);

@@ -13,7 +13,7 @@ enum KovoDeviceCRCKey_TypeDef : quint32 {
 Q_DECLARE_METATYPE(KovoDeviceCRCKey_TypeDef)
 
 /// Message of KovoDevices::showDialog.
-enum KovoDevices_ShowDialogMode_TypeDef {
+enum KovoDevices_ShowDialogMode_TypeDef : int {
     ShowDialog_FirmwareOutdated = 0,
     ShowDialog_SoftwareOutdated = 1,
 };

@@ -16,10 +16,7 @@ static constexpr int PollIntervalMs = 500;
 SerialConnection::SerialConnection(QObject *parent)
     : QObject(parent), m_serialPort(new QSerialPort(this)), m_pollTimer(new QTimer(this))
 {
-    // Queued: QSerialPort emits no readyRead() while a receiver of the last one has not returned,
-    // so a message box opened by that receiver would hold up everything that arrives meanwhile.
-    connect(m_serialPort, SIGNAL(readyRead()), this, SLOT(slotGetNewSerialPortData()),
-            Qt::QueuedConnection);
+    connect(m_serialPort, SIGNAL(readyRead()), this, SLOT(slotGetNewSerialPortData()));
     connect(m_serialPort, SIGNAL(error(QSerialPort::SerialPortError)), this,
             SLOT(slotSerialPortError(QSerialPort::SerialPortError)));
     connect(m_pollTimer, SIGNAL(timeout()), this, SLOT(slotTimerCheckForNewSerialPorts()));
@@ -67,6 +64,7 @@ bool SerialConnection::openSerialPort(QString portName)
 
 void SerialConnection::closeSerialPort()
 {
+    deliverChunks(); // what arrived before the close is heard before it
     diagnostics::out("SerialConnection::closeSerialPort()");
     if (!m_connected)
         return;
@@ -118,7 +116,17 @@ void SerialConnection::slotGetNewSerialPortData()
         diagnostics::out("slotNewSerialPortData: serial port not open");
         return;
     }
-    emit signalNewSerialPortData(m_serialPort->readAll());
+    // Announced from the event loop: QSerialPort emits no readyRead() while a receiver of the last
+    // one has not returned, so that a message box which the chunk opens would hold up everything
+    // that arrives meanwhile.
+    m_chunks.append(m_serialPort->readAll());
+    QMetaObject::invokeMethod(this, &SerialConnection::deliverChunks, Qt::QueuedConnection);
+}
+
+void SerialConnection::deliverChunks()
+{
+    while (!m_chunks.isEmpty())
+        emit signalNewSerialPortData(m_chunks.takeFirst());
 }
 
 void SerialConnection::slotTimerCheckForNewSerialPorts()

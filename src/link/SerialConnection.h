@@ -56,6 +56,7 @@ private:
         QString text;
     };
 
+    void deliverChunks();
     bool isHungUp() const;
     Opening reasonOfFailure() const;
 
@@ -69,6 +70,7 @@ private:
     QTimer *m_pollTimer;
     bool m_connected = false;
     Opening m_lastOpening = Opening::NotTried;
+    QList<QByteArray> m_chunks; ///< read, not announced yet
     QStringList m_knownPorts;
     QStringList m_extraPorts;
 };
