@@ -5,8 +5,10 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
+#include <poll.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -43,6 +45,22 @@ public:
     {
         return ::write(m_master, bytes.constData(), static_cast<size_t>(bytes.size())) ==
                bytes.size();
+    }
+
+    /// Sends all of them, waiting for room on the line; false if there is none for ten seconds.
+    bool writeAll(const QByteArray &bytes)
+    {
+        for (int sent = 0; sent < bytes.size();) {
+            pollfd line{m_master, POLLOUT, 0};
+            if (poll(&line, 1, 10000) <= 0)
+                return false;
+            const ssize_t size = ::write(m_master, bytes.constData() + sent,
+                                         static_cast<size_t>(bytes.size() - sent));
+            if (size < 0 && errno != EAGAIN)
+                return false;
+            sent += static_cast<int>(size < 0 ? 0 : size);
+        }
+        return true;
     }
 
     /// Everything received so far.
