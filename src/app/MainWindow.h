@@ -131,6 +131,8 @@ public slots:
     /// Writes everything but the unset bytes, CRC included; always true.
     bool ui2config_qxblend(thermalCommPacket_Blend_R8_TypeDef &record);
     bool ui2config_qxblendzoom(thermalCommPacket_Blend_Zoom_R13_TypeDef &record);
+    /// Focus adjustment that a Sony FCB focus byte stands for.
+    int SonyFCBFocusvalue2int(quint8 byte);
 
     // MainWindow_files.cpp: read, write, open, save
     void on_btnReadConf_clicked();

@@ -48,3 +48,8 @@ bool MainWindow::ui2config_qxblendzoom(thermalCommPacket_Blend_Zoom_R13_TypeDef 
 {
     return sealedFromForm(builtOnce(m_blendZoomTable, blendZoomTable, *m_ui), record);
 }
+
+int MainWindow::SonyFCBFocusvalue2int(quint8 byte)
+{
+    return ::SonyFCBFocusvalue2int(byte);
+}

@@ -124,12 +124,12 @@ RecordTable sbusRows(const Ui::MainWindow &ui)
 }
 
 template <class R>
-RecordTable extensionRows(const Ui::MainWindow &ui)
+RecordTable extensionRows(const Ui::MainWindow &ui, Coding (*keyOf)(QComboBox *, const QMetaEnum &))
 {
     const auto modes = QMetaEnum::fromType<MainWindow::extensions>();
     return {
-        ROW(R, ext0_mode, key(ui.cBext0mode, modes)),
-        ROW(R, ext1_mode, key(ui.cBext1mode, modes)),
+        ROW(R, ext0_mode, keyOf(ui.cBext0mode, modes)),
+        ROW(R, ext1_mode, keyOf(ui.cBext1mode, modes)),
     };
 }
 
@@ -185,7 +185,7 @@ RecordTable blendTable(const Ui::MainWindow &ui)
     append(table, sbusRows<R8>(ui));
     table.push_back(ROW(R8, sbus_view_mode_switch_mode, index(ui.cbSbusViewModeSwitchMode)));
     table.push_back(thresholdsRow<R8>(ui));
-    append(table, extensionRows<R8>(ui));
+    append(table, extensionRows<R8>(ui, key));
     append(table, isothermRows<R8>(ui));
     append(table, liveviewRows<R8>(ui));
     append(table, {
@@ -222,15 +222,15 @@ RecordTable blendZoomTable(const Ui::MainWindow &ui)
     table.push_back(ROW(R13, sbus_zoom, index(ui.cbSbusZoom)));
     table.push_back(ROW(R13, sbus_zoom_mode, index(ui.cbSbusZoomMode)));
     table.push_back(thresholdsRow<R13>(ui));
-    append(table, extensionRows<R13>(ui));
+    append(table, extensionRows<R13>(ui, joinedKeys));
     append(table, isothermRows<R13>(ui));
     table.push_back(ROW(R13, analog_video_mode, index(ui.cbAnalogVideoMode)));
     table.push_back(ROW(R13, hdmi_video_mode, hdmiVideoMode(ui.cbHDMIVideoMode)));
     append(table, liveviewRows<R13>(ui));
     append(table,
            {
-               ROW(R13, vlc_ae_mode, key(ui.cb_vlc_ae_mode, exposureModes)),
-               ROW(R13, vlc_ae_shutter_speed, key(ui.cb_vlc_ae_shutterspeed, shutterSpeeds)),
+               ROW(R13, vlc_ae_mode, joinedKeys(ui.cb_vlc_ae_mode, exposureModes)),
+               ROW(R13, vlc_ae_shutter_speed, joinedKeys(ui.cb_vlc_ae_shutterspeed, shutterSpeeds)),
                ROW(R13, tamron_focus_mode, index(ui.cbVLCTamronFocus)),
                ROW(R13, tamron_focus_position, value(ui.hsTamronfocusvalue)),
                ROW(R13, zoom_step, value(ui.sbTamronZoom, -1)),

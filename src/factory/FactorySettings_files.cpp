@@ -19,7 +19,7 @@ namespace {
 void reportRows(QTextStream &stream, const QTableWidget *table)
 {
     for (int row = 0; row < table->rowCount(); ++row) {
-        stream << table->verticalHeaderItem(row)->text() << ' ';
+        stream << table->model()->headerData(row, Qt::Vertical).toString() << ' ';
         for (int column = 0; column < table->columnCount(); ++column) {
             const QTableWidgetItem *cell = table->item(row, column);
             stream << (cell != nullptr ? cell->text() : QString()) << ',';

@@ -67,13 +67,21 @@ Coding signedNumberText(QComboBox *box)
             [=] { return box->currentText().toInt(); }};
 }
 
+static void showKey(QComboBox *box, const QMetaEnum &keys, qint64 value)
+{
+    if (const char *text = keys.valueToKey(static_cast<int>(value)))
+        box->setCurrentText(QString::fromLatin1(text));
+}
+
 Coding key(QComboBox *box, const QMetaEnum &keys)
 {
-    return {box,
-            [=](qint64 number) {
-                if (const char *text = keys.valueToKey(static_cast<int>(number)))
-                    box->setCurrentText(QString::fromLatin1(text));
-            },
+    return {box, [=](qint64 value) { showKey(box, keys, value); },
+            [=] { return keys.keyToValue(box->currentText().toLatin1().constData()); }};
+}
+
+Coding joinedKeys(QComboBox *box, const QMetaEnum &keys)
+{
+    return {box, [=](qint64 value) { showKey(box, keys, value); },
             [=] { return keys.keysToValue(box->currentText().toLatin1().constData()); }};
 }
 

@@ -49,6 +49,8 @@ Coding numberText(QLineEdit *edit);
 Coding signedNumberText(QComboBox *box);
 /// Value of the key that the text spells, -1 if it is no key.
 Coding key(QComboBox *box, const QMetaEnum &keys);
+/// As above, but the text may spell several keys joined by "|", whose values are ORed.
+Coding joinedKeys(QComboBox *box, const QMetaEnum &keys);
 /// `numbers[i]` for list position i. Any other number or position writes the line that the
 /// function makes of the position or number to standard error and changes nothing.
 Coding mapped(QComboBox *box, std::vector<int> numbers,

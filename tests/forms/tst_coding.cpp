@@ -148,6 +148,22 @@ private slots:
         QCOMPARE(coding.store(), std::optional<qint64>(-1));
     }
 
+    void joinedKeysAreOred()
+    {
+        QComboBox box;
+        box.addItem(QStringLiteral("MODE_A|MODE_B"));
+        const auto keys = QMetaEnum::fromType<Modes>();
+        QCOMPARE(coding::joinedKeys(&box, keys).store(), std::optional<qint64>(2 | 9));
+        QCOMPARE(coding::key(&box, keys).store(), std::optional<qint64>(-1));
+        box.setItemText(0, QStringLiteral("MODE_B"));
+        QCOMPARE(coding::joinedKeys(&box, keys).store(), std::optional<qint64>(9));
+        box.setItemText(0, QString());
+        QCOMPARE(coding::joinedKeys(&box, keys).store(), std::optional<qint64>(-1));
+        box.addItem(QStringLiteral("MODE_A"));
+        coding::joinedKeys(&box, keys).show(2);
+        QCOMPARE(box.currentIndex(), 1);
+    }
+
     void mappedReportsWhatItDoesNotKnow()
     {
         QComboBox box;
