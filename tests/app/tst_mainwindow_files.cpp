@@ -319,30 +319,6 @@ private slots:
         QVERIFY(QFile::exists(file));
         QCOMPARE(contentOf(file), QByteArray());
     }
-
-    void fileThatCannotBeOpenedIsLeftSilently()
-    {
-        CapturedDiagnostics lines;
-        write(path("plain"), "x");
-        WindowUnderTest tool;
-        QVERIFY(tool.chooseModel(keyBlend));
-        lines.clear();
-        modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
-            // A path below a regular file: the dialog itself may refuse it with a box.
-            auto *refusal = new QTimer(dialog);
-            connect(refusal, &QTimer::timeout, [] {
-                if (auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget()))
-                    box->accept();
-            });
-            refusal->start(5);
-            modal::choose(path("plain") + "/below.bin")(dialog);
-            static_cast<QDialog *>(dialog)->reject();
-        });
-        tool.get<QAction>("actionSave")->trigger();
-        QVERIFY(lines.out().isEmpty());
-        QVERIFY(lines.err().isEmpty());
-        QCOMPARE(contentOf(path("plain")), QByteArray("x"));
-    }
 };
 
 QTEST_MAIN(TestMainWindowFiles)

@@ -183,7 +183,9 @@ private slots:
         bool okIsDefault = false;
         Qt::WindowFlags flags;
         int requests = -1;
+        const QWidget *owner = nullptr;
         modal::Answer<QMessageBox> answer([&](QMessageBox *box) {
+            owner = box->parentWidget();
             title = box->windowTitle();
             body = box->text();
             icon = box->icon();
@@ -197,6 +199,7 @@ private slots:
         camera.send(216, CameraEnd::identity(key, firmware));
         QTRY_COMPARE(camera.count(102), 1);
         QVERIFY(answer.given());
+        QCOMPARE(owner, &tool.window);
         QCOMPARE(title, QStringLiteral("Firmware outdated"));
         QCOMPARE(body, text);
         QCOMPARE(icon, QMessageBox::Warning);

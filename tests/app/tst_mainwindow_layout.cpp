@@ -55,9 +55,13 @@ private slots:
         QCOMPARE(tool.otherHiddenWidgets(), others);
         QTEST(tool.items("cBext0mode"), "ext0");
         QTEST(tool.items("cBext1mode"), "ext1");
-        QCOMPARE(tool.get<QComboBox>("cBext0mode")->currentIndex(), 0);
         QTEST(tool.deviceIndex(), "index");
-        QVERIFY(!tool.get<QComboBox>("cBext0mode")->itemData(1).isValid());
+        for (const char *name : {"cBext0mode", "cBext1mode"}) {
+            const auto *list = tool.get<QComboBox>(name);
+            QCOMPARE(list->currentIndex(), 0);
+            for (int i = 0; i < list->count(); ++i)
+                QVERIFY2(!list->itemData(i).isValid(), qPrintable(list->itemText(i)));
+        }
     }
 
     void switchingBackAndForthLeavesNothingBehind()
@@ -224,6 +228,31 @@ private slots:
         QTRY_COMPARE(activated.count(), 2);
         QVERIFY(tool.lines.err().isEmpty());
         QVERIFY(tool.lines.out().isEmpty());
+    }
+
+    void pickingTheShownModelReplacesThe20_data()
+    {
+        QTest::addColumn<quint32>("shownKey");
+        QTest::addColumn<QSet<QString>>("shown");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("Blend") << blendKey << blendWidgets << "QX Blend";
+        QTest::newRow("Blend Zoom") << zoomKey << zoomWidgets << "QX Blend Zoom";
+    }
+    void pickingTheShownModelReplacesThe20()
+    {
+        QFETCH(quint32, shownKey);
+        QFETCH(QString, name);
+        ModelWindow tool;
+        QVERIFY(tool.chooseModel(shownKey));
+        QVERIFY(!tool.chooseModel(qx20Key)); // has no item: the list keeps the last one
+        tool.lines.clear();
+        auto *list = tool.get<QComboBox>("cBDevice");
+        QSignalSpy activated(list, SIGNAL(activated(int)));
+        pickShownItem(list);
+        QTRY_COMPARE(activated.count(), 1);
+        QTEST(tool.shownModelWidgets(), "shown");
+        QCOMPARE(tool.lines.out(), QStringLiteral("<<< %1\n").arg(name));
+        QCOMPARE(tool.lines.err(), unnecessaryCall);
     }
 
     void modelsAreKnownByTheirLongNames_data()

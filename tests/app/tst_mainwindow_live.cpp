@@ -1,13 +1,9 @@
 #include "app/messageState.h"
-#include "support/cameraend.h"
 #include "support/captureddiagnostics.h"
+#include "support/livesession.h"
 #include "support/records.h"
-#include "support/windowundertest.h"
 
-#include <QCheckBox>
 #include <QDateTime>
-#include <QDialog>
-#include <QLCDNumber>
 #include <QLineEdit>
 #include <QSignalSpy>
 #include <QSlider>
@@ -25,46 +21,6 @@ constexpr quint32 liveSettings = 122;
 class TestMainWindowLive : public QObject
 {
     Q_OBJECT
-
-    /// A window connected to a camera, with nothing sent for a long time.
-    class Session : public WindowUnderTest
-    {
-    public:
-        explicit Session(quint32 model)
-        {
-            if (model)
-                chooseModel(model);
-            connected = connectTo(camera.path());
-            forgetLastSend();
-        }
-
-        void click(const char *button) { get<QPushButton>(button)->click(); }
-
-        /// Whether everything sent so far has arrived: a command sent now follows it.
-        bool arrived()
-        {
-            const int before = camera.count(133);
-            window.on_pb_ffc_doffc_clicked();
-            return QTest::qWaitFor([&] { return camera.count(133) > before; });
-        }
-
-        /// Live settings are held back for a while after any command; this one is long ago.
-        static void forgetLastSend() { messageState.sendTime = 0; }
-
-        CameraEnd camera;
-        bool connected = false;
-    };
-
-    /// Set when a single shot, started now, has fired.
-    struct Shot
-    {
-        explicit Shot(int ms)
-        {
-            QTimer::singleShot(ms, &context, [this] { fired = true; });
-        }
-        QObject context;
-        bool fired = false;
-    };
 
     /// Whether nothing was sent since `sent`, unless two seconds have passed meanwhile: a test
     /// cannot know how long the machine stood still.
@@ -104,10 +60,6 @@ private slots:
     void sliderShowsItsFocusValue();
     void qualitySliderAndBoxSettle();
     void pickingAModelLaysTheFormOut();
-
-    void channelTestShowsTheTester();
-    void testerSession();
-    void disconnectingEndsTheTesterSession();
 };
 
 void TestMainWindowLive::buttonSendsItsCommand_data()
@@ -147,7 +99,7 @@ void TestMainWindowLive::buttonSendsItsCommand()
     QFETCH(QString, box);
     QFETCH(int, value);
     QFETCH(QByteArray, region);
-    Session session(blend);
+    LiveSession session(blend);
     QVERIFY(session.connected);
     if (!box.isEmpty())
         session.get<QSpinBox>(box.toLatin1())->setValue(value);
@@ -225,7 +177,7 @@ void TestMainWindowLive::previewSendsTheRecordOfTheForm()
 {
     QFETCH(quint32, model);
     QFETCH(int, size);
-    Session session(model);
+    LiveSession session(model);
     session.get<QLineEdit>("leFrameSkip")->setText("305419896");
     session.click("pbLivePreview");
     QTRY_COMPARE(session.camera.count(liveSettings), 1);
@@ -251,7 +203,7 @@ void TestMainWindowLive::previewWithoutARecordIsReported_data()
 void TestMainWindowLive::previewWithoutARecordIsReported()
 {
     QFETCH(quint32, model);
-    Session session(model);
+    LiveSession session(model);
     m_lines.clear();
     session.click("pbLivePreview");
     QCOMPARE(m_lines.err(), QStringLiteral("<<< not implemeted\n"));
@@ -261,7 +213,7 @@ void TestMainWindowLive::previewWithoutARecordIsReported()
 
 void TestMainWindowLive::secondPreviewWithinTwoSecondsIsDropped()
 {
-    Session session(blendZoom);
+    LiveSession session(blendZoom);
     session.click("pbLivePreview");
     const qint64 first = messageState.sendTime;
     session.click("pbLivePreview");
@@ -269,14 +221,14 @@ void TestMainWindowLive::secondPreviewWithinTwoSecondsIsDropped()
     QTRY_VERIFY(now() - first >= 2000);
     const int before = session.arrived() ? session.camera.count(liveSettings) : -1;
     QCOMPARE(before, 1);
-    Session::forgetLastSend(); // of the command that has just arrived
+    LiveSession::forgetLastSend(); // of the command that has just arrived
     session.click("pbLivePreview");
     QTRY_COMPARE(session.camera.count(liveSettings), 2);
 }
 
 void TestMainWindowLive::anyCommandHoldsLiveSettingsBack()
 {
-    Session session(blend);
+    LiveSession session(blend);
     session.click("pbTriggerStart");
     const qint64 sent = messageState.sendTime;
     session.click("pbLivePreview");
@@ -314,7 +266,7 @@ void TestMainWindowLive::changeOfFocusOrZoomIsSentASecondLater_data()
 void TestMainWindowLive::changeOfFocusOrZoomIsSentASecondLater()
 {
     QFETCH(bool, zoom);
-    Session session(blendZoom);
+    LiveSession session(blendZoom);
     // Timers of the same length fire in the order of their start, however slow the machine is.
     Shot before(1000);
     bool sentTooEarly = false;
@@ -337,7 +289,7 @@ void TestMainWindowLive::changeOfFocusOrZoomIsSentASecondLater()
 
 void TestMainWindowLive::burstOfSliderMovesIsSentOnce()
 {
-    Session session(blendZoom);
+    LiveSession session(blendZoom);
     for (int value = 4224; value <= 4224 + 20 * 128; value += 128)
         session.get<QSlider>("hsTamronfocusvalue")->setValue(value);
     Shot after(1000); // every move has had its second then
@@ -352,7 +304,7 @@ void TestMainWindowLive::burstOfSliderMovesIsSentOnce()
 
 void TestMainWindowLive::slowSliderMovesAreSentEveryTwoSeconds()
 {
-    Session session(blendZoom);
+    LiveSession session(blendZoom);
     auto *slider = session.get<QSlider>("hsTamronfocusvalue");
     QTimer mover;
     connect(&mover, &QTimer::timeout, slider, [=] { slider->setValue(slider->value() + 128); });
@@ -428,90 +380,6 @@ void TestMainWindowLive::pickingAModelLaysTheFormOut()
     models->setCurrentIndex(0);
     QVERIFY(tool.hidden("gbTamronFocus"));
     QVERIFY(!tool.hidden("gbSonyFCBFocus"));
-}
-
-void TestMainWindowLive::channelTestShowsTheTester()
-{
-    WindowUnderTest tool;
-    auto *tester = tool.window.findChild<QDialog *>("sbusTester");
-    QVERIFY(tester);
-    QVERIFY(!tester->isVisible());
-    tester->resize(3000, 3000);
-    // The button stands on the tab of the channels, which a trigger mode opens.
-    tool.get<QComboBox>("cbTriggerPinMode")->setCurrentIndex(1);
-    tool.get<QPushButton>("pbSbusTest")->click();
-    QVERIFY(tester->isVisible());
-    QVERIFY(!tester->isEnabled()); // nothing to test while disconnected
-    QVERIFY(tester->width() < 3000 && tester->height() < 3000);
-}
-
-/// Sixteen levels: channel n has 100 * n plus `round`.
-static QByteArray levels(int round)
-{
-    QByteArray payload(32, '\0');
-    for (int channel = 1; channel <= 16; ++channel)
-        records::put<quint16>(payload, 2 * (channel - 1), quint16(100 * channel + round));
-    return payload;
-}
-
-void TestMainWindowLive::testerSession()
-{
-    Session session(blendZoom);
-    session.get<QComboBox>("cbTriggerPinMode")->setCurrentIndex(1);
-    session.click("pbSbusTest");
-    auto *tester = session.window.findChild<QDialog *>("sbusTester");
-    QVERIFY(tester->isEnabled());
-    auto *startStop = tester->findChild<QPushButton *>("pbSbusTester_startstream");
-    auto *last = tester->findChild<QLCDNumber *>("lcd16");
-    QVERIFY(session.arrived());
-    QCOMPARE(session.camera.count(123), 0);
-    const auto outstanding = messageState.command;
-    m_lines.clear();
-
-    startStop->click();
-    for (int round = 1; round <= 4; ++round) {
-        QTRY_VERIFY(session.camera.count(123) >= round);
-        QVERIFY(session.camera.last(123).isEmpty());
-        QVERIFY(session.camera.send(223, levels(round)));
-        QTRY_COMPARE(last->intValue(), 1600 + round);
-        for (int channel = 1; channel <= 16; ++channel) {
-            QCOMPARE(
-                tester->findChild<QLCDNumber *>(QStringLiteral("lcd%1").arg(channel))->intValue(),
-                100 * channel + round);
-            QCOMPARE(tester->findChild<QSlider *>(QStringLiteral("hs_clv%1").arg(channel))->value(),
-                     100 * channel + round);
-        }
-        QCOMPARE(m_lines.out().count("sbusTester::parseSbusLevels()\n"), round);
-    }
-    // These requests are no commands of the main window: its own stays the outstanding one.
-    QCOMPARE(messageState.command, outstanding);
-    QVERIFY(session.busy());
-
-    tester->close();
-    QVERIFY(session.arrived());
-    const int requests = m_lines.out().count("sbusTester::slotTimerRequestSbusLevels())\n");
-    QCOMPARE(session.camera.count(123), requests);
-    Shot interval(600); // a poll would be due before
-    QTRY_VERIFY(interval.fired);
-    QVERIFY(session.arrived());
-    QCOMPARE(session.camera.count(123), requests);
-    QCOMPARE(last->intValue(), 0);
-}
-
-void TestMainWindowLive::disconnectingEndsTheTesterSession()
-{
-    Session session(blend);
-    session.window.on_pbSbusTest_clicked();
-    auto *tester = session.window.findChild<QDialog *>("sbusTester");
-    tester->findChild<QPushButton *>("pbSbusTester_startstream")->click();
-    QTRY_VERIFY(session.camera.count(123) >= 1);
-    session.click("btConnectDisconnect");
-    QVERIFY(!tester->isEnabled());
-    QVERIFY(tester->isVisible());
-    m_lines.clear();
-    Shot interval(600);
-    QTRY_VERIFY(interval.fired);
-    QVERIFY(m_lines.out().isEmpty());
 }
 
 QTEST_MAIN(TestMainWindowLive)

@@ -12,6 +12,8 @@
 #include <QSpinBox>
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+
 using namespace files;
 using namespace records;
 
@@ -188,6 +190,7 @@ private slots:
     {
         const QString file = path("new20.BIN");
         WindowUnderTest tool;
+        const mode_t mask = ::umask(0);
         modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
             auto *name = dialog->findChild<QLineEdit *>("fileNameEdit");
             QCOMPARE(name->text(), QStringLiteral("QXCONFIG.BIN"));
@@ -195,8 +198,11 @@ private slots:
             modal::choose(file)(dialog);
         });
         tool.window.setConfig_qx_2_0();
+        ::umask(mask);
         QCOMPARE(contentOf(file), QByteArray(207, '\0'));
-        QVERIFY(QFile::permissions(file) & QFileDevice::ExeOwner);
+        struct stat status = {};
+        QCOMPARE(::stat(qPrintable(file), &status), 0);
+        QCOMPARE(status.st_mode & 07777U, 0744U);
     }
 
     void cancelled20FileIsAFailedOpen()

@@ -54,11 +54,21 @@ private slots:
         QVERIFY(lines.err().isEmpty());
     }
 
-    void knownModelWithoutShortNameIsCalledFalse()
+    void keyWithoutShortNameIsCalledFalse_data()
     {
+        QTest::addColumn<unsigned int>("key");
+        QTest::newRow("known, not supported") << 0xA0AF139FU;
+        QTest::newRow("none") << 0U;
+        QTest::newRow("below the Blend Zoom's") << 0xA0AF139DU;
+        QTest::newRow("all ones") << 0xFFFFFFFFU;
+    }
+
+    void keyWithoutShortNameIsCalledFalse()
+    {
+        QFETCH(unsigned int, key);
         CapturedDiagnostics lines;
         KovoDevices devices(nullptr);
-        QCOMPARE(devices.DeviceCRC2Name(0xA0AF139F), QStringLiteral("false"));
+        QCOMPARE(devices.DeviceCRC2Name(key), QStringLiteral("false"));
         QCOMPARE(lines.err(), QStringLiteral("<<< not a valid device\n"));
         QVERIFY(lines.out().isEmpty());
     }
@@ -119,6 +129,29 @@ private slots:
         QCOMPARE(KovoDevices::crc_update(0, 1, 0xC599), quint16(0x08E8));
     }
 
+    void crc16FoldsByteByByte()
+    {
+        const auto folded = [](const QByteArray &bytes, unsigned short polynomial) {
+            unsigned short crc = 0;
+            for (const char byte : bytes)
+                crc = KovoDevices::crc_update(crc, static_cast<unsigned char>(byte), polynomial);
+            return crc;
+        };
+        QCOMPARE(folded("123456789", 0xC599), quint16(0x074A));
+        // The published check values of CRC-16/ARC and CRC-16/KERMIT, which start at 0 as well.
+        QCOMPARE(folded("123456789", 0xA001), quint16(0xBB3D));
+        QCOMPARE(folded("123456789", 0x8408), quint16(0x2189));
+
+        QByteArray varied(221, '\0'); // as many as a Blend Zoom record has before its CRC
+        for (int i = 0; i < varied.size(); ++i)
+            varied[i] = static_cast<char>(i * i + 151 * i + 7);
+        unsigned short crc = 0xFFFF;
+        KovoDevices::calc_crc(reinterpret_cast<unsigned char *>(varied.data()), varied.size(),
+                              &crc);
+        QCOMPARE(folded(varied, 0xC599), crc);
+        QCOMPARE(crc, records::crc16(varied));
+    }
+
     void crc16OfNothingIsZero()
     {
         unsigned short crc = 0xFFFF;
@@ -145,6 +178,8 @@ private slots:
         KovoDevices devices(nullptr);
         modal::Answer<QMessageBox> answer([&](QMessageBox *box) {
             QCOMPARE(box->text(), text);
+            QVERIFY(box->windowTitle().isEmpty());
+            QCOMPARE(box->icon(), QMessageBox::NoIcon);
             QVERIFY(!box->parent());
             QCOMPARE(box->standardButtons(), QMessageBox::Ok);
             box->button(QMessageBox::Ok)->click();
@@ -178,6 +213,28 @@ private slots:
         const QByteArray zoom = records::sealed(records::blendZoom());
         for (const QByteArray &record : {blend, zoom, blend + '\0', zoom + '\x55'})
             QVERIFY(devices.isValidControlStruct(records::payload(record)));
+        QVERIFY(lines.out().isEmpty());
+        QVERIFY(lines.err().isEmpty());
+    }
+
+    void bytesAfterARecordAreIgnored_data()
+    {
+        QTest::addColumn<int>("more");
+        QTest::newRow("one byte") << 1;
+        QTest::newRow("a Blend record as long as a Blend Zoom's") << 16;
+        QTest::newRow("many") << 777;
+    }
+
+    void bytesAfterARecordAreIgnored()
+    {
+        QFETCH(int, more);
+        CapturedDiagnostics lines;
+        KovoDevices devices(nullptr);
+        for (const QByteArray &record :
+             {records::sealed(records::blend()), records::sealed(records::blendZoom())})
+            for (const char tail : {'\0', '\xA5', '\xFF'})
+                QVERIFY(devices.isValidControlStruct(
+                    records::payload(record + QByteArray(more, tail))));
         QVERIFY(lines.out().isEmpty());
         QVERIFY(lines.err().isEmpty());
     }
@@ -223,6 +280,15 @@ private slots:
             << records::blendZoom() << 20190806U << zoom << m_softwareOutdated;
         QTest::newRow("older Blend Zoom record")
             << records::blendZoom() << 20190804U << zoom << m_firmwareOutdated;
+        for (const quint32 newer : {0xFFFFFFFFU, 0x80000000U}) { // no date, yet unsigned
+            QTest::addRow("Blend record 0x%x", newer)
+                << records::blend() << newer << blend << m_softwareOutdated;
+            QTest::addRow("Blend Zoom record 0x%x", newer)
+                << records::blendZoom() << newer << zoom << m_softwareOutdated;
+        }
+        QTest::newRow("Blend record 0") << records::blend() << 0U << blend << m_firmwareOutdated;
+        QTest::newRow("Blend Zoom record 0")
+            << records::blendZoom() << 0U << zoom << m_firmwareOutdated;
         QTest::newRow("header of an older record alone")
             << records::blendZoom().left(12) << 20190804U << zoom << m_firmwareOutdated;
     }
@@ -262,6 +328,42 @@ private slots:
         QVERIFY(!devices.isValidControlStruct(records::payload(records::sealed(record))));
         QCOMPARE(captured.out(), lines);
         QVERIFY(captured.err().isEmpty());
+    }
+
+    void wrongVersionHidesAWrongDataLength()
+    {
+        for (const auto &[newer, mode] : {std::pair(false, 0), std::pair(true, 1)}) {
+            for (QByteArray record : {records::blend(), records::blendZoom()}) {
+                CapturedDiagnostics lines;
+                records::put<quint32>(record, 4, 192);
+                records::put<quint32>(record, 8,
+                                      records::get<quint32>(record, 8) + (newer ? 1 : -1));
+                QCOMPARE(boxTextOf(records::sealed(record)),
+                         newer ? m_softwareOutdated : m_firmwareOutdated);
+                QCOMPARE(lines.err().count(QLatin1Char('\n')), 1);
+                QVERIFY(lines.err().contains(QStringLiteral("control struct version\n")));
+                QCOMPARE(lines.out(), QStringLiteral("KovoDevices::showDialog(%1) ").arg(mode));
+            }
+        }
+    }
+
+    void wrongDataLengthHidesAWrongCrc()
+    {
+        const std::pair<QByteArray, int> models[] = {{records::blend(), 193},
+                                                     {records::blendZoom(), 209}};
+        for (const auto &[model, expected] : models) {
+            CapturedDiagnostics lines;
+            KovoDevices devices(nullptr);
+            QByteArray record = model;
+            records::put<quint32>(record, 4, 77);
+            record = records::sealed(record);
+            record[record.size() - 1] = static_cast<char>(record[record.size() - 1] ^ 1);
+            QVERIFY(!devices.isValidControlStruct(records::payload(record)));
+            QCOMPARE(lines.out(), QStringLiteral("<<< unknown data length 77 bytes\n"
+                                                 "<<< Expected: %1 bytes\n")
+                                      .arg(expected));
+            QVERIFY(lines.err().isEmpty());
+        }
     }
 
     void anyFlippedBitOfARecordIsNoticed()
