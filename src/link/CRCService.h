@@ -12,7 +12,7 @@ unsigned int crc32block(unsigned int crc, unsigned int count, unsigned int *data
 class CRCService
 {
 public:
-    enum CRCServiceMode { Verify = 0, Compute = 1 };
+    enum CRCServiceMode : int { Verify = 0, Compute = 1 };
 
     /// Computes the CRC of `length` bytes; `mode` must be Compute and `length` a multiple of 4,
     /// otherwise one line says so on standard output and the object is not valid.

@@ -3,6 +3,8 @@
 #include <QProcess>
 #include <QTest>
 
+#include <cstdio>
+
 class TestDiagnostics : public QObject
 {
     Q_OBJECT
@@ -15,6 +17,27 @@ private slots:
         QVERIFY(process.waitForFinished());
         QCOMPARE(process.readAllStandardOutput(), QByteArray("first\nno end, second \xC2\xB0\n\n"));
         QCOMPARE(process.readAllStandardError(), QByteArray("wrong\n"));
+    }
+
+    void everyTextIsOutBeforeTheProgramGoesOn()
+    {
+        QProcess process;
+        process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--step")});
+        // The program takes each step only when it is told to.
+        for (const QByteArray &text :
+             {QByteArray("line\n"), QByteArray("no end"), QByteArray("\n")}) {
+            QByteArray arrived;
+            while (arrived.size() < text.size() && process.waitForReadyRead(10000))
+                arrived += process.readAllStandardOutput();
+            QCOMPARE(arrived, text);
+            QCOMPARE(process.write("."), qint64(1));
+        }
+        process.setReadChannel(QProcess::StandardError);
+        QVERIFY(process.bytesAvailable() > 0 || process.waitForReadyRead(10000));
+        QCOMPARE(process.readAllStandardError(), QByteArray("wrong\n"));
+        process.write(".");
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.readAllStandardOutput(), QByteArray());
     }
 
     void sinkReplacesTheStreamsUntilItIsRemoved()
@@ -42,6 +65,17 @@ int main(int argc, char *argv[])
         diagnostics::err(QStringLiteral("wrong"));
         diagnostics::out(QStringLiteral("second \u00B0"));
         diagnostics::out(QString());
+        return 0;
+    }
+    if (argc > 1 && QByteArray(argv[1]) == "--step") {
+        diagnostics::out(QStringLiteral("line"));
+        std::getchar();
+        diagnostics::outUnterminated(QStringLiteral("no end"));
+        std::getchar();
+        diagnostics::out(QString());
+        std::getchar();
+        diagnostics::err(QStringLiteral("wrong"));
+        std::getchar();
         return 0;
     }
     TestDiagnostics test;

@@ -51,6 +51,7 @@ private slots:
     void lengthsOffTheWordAreRefusedUnread_data();
     void lengthsOffTheWordAreRefusedUnread();
     void lengthIsCheckedBeforeTheMode();
+    void wrongModeIsRefused_data();
     void wrongModeIsRefused();
     void matchingCrcIsValidAndSilent();
     void mismatchKeepsTheExpectedCrc();
@@ -150,7 +151,19 @@ void tst_CRCService::emptyDataIsValid()
     const CRCService computed(nullptr, 0, CRCService::Compute);
     QCOMPARE(computed.getCRC(), 0xFFFFFFFFU);
     QVERIFY(computed.isValid());
-    QVERIFY(CRCService(nullptr, 0, 0xFFFFFFFFU, CRCService::Verify).isValid());
+    CapturedDiagnostics diagnostics;
+    const CRCService verified(nullptr, 0, 0xFFFFFFFFU, CRCService::Verify);
+    QCOMPARE(verified.getCRC(), 0xFFFFFFFFU);
+    QVERIFY(verified.isValid());
+    QCOMPARE(diagnostics.out() + diagnostics.err(), QString());
+    const CRCService mismatch(nullptr, 0, 0U, CRCService::Verify);
+    QCOMPARE(mismatch.getCRC(), 0U);
+    QVERIFY(!mismatch.isValid());
+    QCOMPARE(diagnostics.out(), QString("<<< ERROR crc service: data invalid\n"));
+    const CRCService other(nullptr, 0, 0xFFFFFFFEU, CRCService::Verify);
+    QCOMPARE(other.getCRC(), 0xFFFFFFFEU);
+    QVERIFY(!other.isValid());
+    QCOMPARE(diagnostics.err(), QString());
 }
 
 void tst_CRCService::lengthsOffTheWordAreRefusedUnread_data()
@@ -190,20 +203,34 @@ void tst_CRCService::lengthIsCheckedBeforeTheMode()
                      "<<< Error CRCService: data has to be multiple of 4 bytes!\n"));
 }
 
+void tst_CRCService::wrongModeIsRefused_data()
+{
+    QTest::addColumn<int>("computeMode");
+    QTest::addColumn<int>("verifyMode");
+    QTest::newRow("the other one") << 0 << 1;
+    QTest::newRow("beyond") << 2 << 2;
+    QTest::newRow("negative") << -1 << -1;
+}
+
 void tst_CRCService::wrongModeIsRefused()
 {
+    QFETCH(int, computeMode);
+    QFETCH(int, verifyMode);
     const std::array<uint8_t, 4> bytes{1, 2, 3, 4};
     CapturedDiagnostics diagnostics;
-    const CRCService computed(bytes.data(), 4, CRCService::Verify);
+    const CRCService computed(bytes.data(), 4,
+                              static_cast<CRCService::CRCServiceMode>(computeMode));
     QCOMPARE(computed.getCRC(), 0U);
     QVERIFY(!computed.isValid());
     QCOMPARE(diagnostics.out(), QString("ERROR crc service: no valid MODE field\n"));
 
     diagnostics.clear();
-    const CRCService verified(bytes.data(), 4, 0x1DABE74FU, CRCService::Compute);
+    const CRCService verified(bytes.data(), 4, 0x1DABE74FU,
+                              static_cast<CRCService::CRCServiceMode>(verifyMode));
     QCOMPARE(verified.getCRC(), 0U);
     QVERIFY(!verified.isValid());
     QCOMPARE(diagnostics.out(), QString("<<< ERROR crc service: no valid MODE field\n"));
+    QCOMPARE(diagnostics.err(), QString());
 }
 
 void tst_CRCService::matchingCrcIsValidAndSilent()
@@ -224,6 +251,7 @@ void tst_CRCService::mismatchKeepsTheExpectedCrc()
     QCOMPARE(verified.getCRC(), 0x1DABE74EU);
     QVERIFY(!verified.isValid());
     QCOMPARE(diagnostics.out(), QString("<<< ERROR crc service: data invalid\n"));
+    QCOMPARE(diagnostics.err(), QString());
 }
 
 QTEST_APPLESS_MAIN(tst_CRCService)

@@ -40,6 +40,12 @@ private slots:
     void receivedBytesArriveUnaltered();
     void bytesArriveWhileAReceiverRunsTheEventLoop();
     void readingWhileClosedWritesOneLine();
+    void oneBlockIsOneSignal();
+    void bytesOfTheSamePassAreHeardBeforeTheClose_data();
+    void bytesOfTheSamePassAreHeardBeforeTheClose();
+    void closingAfterThePortWasClosedUnderneathSaysSo();
+    void stateIsSetBeforeItIsAnnounced();
+    void destroyingAnOpenConnectionIsSilentAndFreesTheLine();
     void unplugClosesThePortAndPollingResumes();
     void unplugWhileWritingClosesThePortOnce();
     void portCanBeOpenedAfterAnUnplug();
@@ -221,6 +227,127 @@ void tst_SerialConnection::readingWhileClosedWritesOneLine()
     QVERIFY(QMetaObject::invokeMethod(&connection, "slotGetNewSerialPortData"));
     QCOMPARE(diagnostics.out(), QString("slotNewSerialPortData: serial port not open\n"));
     QCOMPARE(data.size(), 0);
+}
+
+void tst_SerialConnection::oneBlockIsOneSignal()
+{
+    PseudoTerminal line;
+    SerialConnection connection(nullptr);
+    QVERIFY(connection.openSerialPort(line.path()));
+    QSignalSpy data(&connection, &SerialConnection::signalNewSerialPortData);
+    for (const QByteArray &block : {QByteArray("KOVO"), QByteArray(21, '\0'), QByteArray("x")}) {
+        data.clear();
+        QVERIFY(line.write(block));
+        QTRY_VERIFY(joined(data).size() >= block.size());
+        QCOMPARE(data.size(), 1);
+        QCOMPARE(data.at(0).at(0).toByteArray(), block);
+    }
+}
+
+void tst_SerialConnection::bytesOfTheSamePassAreHeardBeforeTheClose_data()
+{
+    QTest::addColumn<bool>("byTimer");
+    QTest::newRow("closed at once") << false;
+    QTest::newRow("closed by a timer that is due") << true;
+}
+
+void tst_SerialConnection::bytesOfTheSamePassAreHeardBeforeTheClose()
+{
+    QFETCH(bool, byTimer);
+    PseudoTerminal line;
+    SerialConnection connection(nullptr);
+    QVERIFY(connection.openSerialPort(line.path()));
+    QSignalSpy data(&connection, &SerialConnection::signalNewSerialPortData);
+    CapturedDiagnostics diagnostics;
+    QStringList heardAt; // the lines that were out when a chunk was announced
+    connect(&connection, &SerialConnection::signalNewSerialPortData, this,
+            [&] { heardAt << diagnostics.out(); });
+    // Closes in the pass in which the bytes are seen, after the connection saw them.
+    const auto closing =
+        connect(connection.findChild<QSerialPort *>(), &QSerialPort::readyRead, &connection, [&] {
+            if (byTimer)
+                QTimer::singleShot(0, &connection, &SerialConnection::closeSerialPort);
+            else
+                connection.closeSerialPort();
+        });
+    QVERIFY(line.write("farewell"));
+    QTRY_VERIFY(!connection.isOpen());
+    QCOMPARE(joined(data), QByteArray("farewell"));
+    QCOMPARE(data.size(), 1);
+    QCOMPARE(heardAt, QStringList{QString()});
+    QCOMPARE(diagnostics.out(), closedLines);
+
+    disconnect(closing);
+    QVERIFY(connection.openSerialPort(line.path()));
+    QVERIFY(line.write("welcome"));
+    QTRY_COMPARE(joined(data), QByteArray("farewellwelcome"));
+    for (const QList<QVariant> &arguments : qAsConst(data))
+        QVERIFY(!arguments.at(0).toByteArray().isEmpty());
+    QCOMPARE(diagnostics.out(), closedLines);
+}
+
+void tst_SerialConnection::closingAfterThePortWasClosedUnderneathSaysSo()
+{
+    PseudoTerminal line;
+    SerialConnection connection(nullptr);
+    QVERIFY(connection.openSerialPort(line.path()));
+    QSignalSpy changed(&connection, &SerialConnection::signalPortConnectionChanged);
+    CapturedDiagnostics diagnostics;
+    connection.findChild<QSerialPort *>()->close();
+    QVERIFY(!connection.isOpen());
+    QCOMPARE(changed.size(), 0);
+    connection.closeSerialPort();
+    QCOMPARE(diagnostics.out(), QString("SerialConnection::closeSerialPort()\n"
+                                        "<<< serial interface was not open\n"));
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(changed.at(0).at(0).toBool(), false);
+    connection.closeSerialPort();
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(diagnostics.err(), QString());
+}
+
+// A poll announces a list only while the connection counts as closed.
+void tst_SerialConnection::stateIsSetBeforeItIsAnnounced()
+{
+    PseudoTerminal line;
+    SerialConnection connection(nullptr);
+    connection.slotTimerCheckForNewSerialPorts();
+    QSignalSpy listed(&connection, &SerialConnection::signalPortListChanged);
+    QVector<int> lists; // after the poll in each announcement
+    connect(&connection, &SerialConnection::signalPortConnectionChanged, this, [&] {
+        connection.setExtraPorts({"camera"});
+        connection.slotTimerCheckForNewSerialPorts();
+        lists << listed.size();
+    });
+    QVERIFY(connection.openSerialPort(line.path()));
+    QCOMPARE(lists, QVector<int>{0});
+    connection.closeSerialPort();
+    QCOMPARE(lists, (QVector<int>{0, 1}));
+}
+
+void tst_SerialConnection::destroyingAnOpenConnectionIsSilentAndFreesTheLine()
+{
+    PseudoTerminal line;
+    int signalsSent = 0;
+    CapturedDiagnostics diagnostics;
+    {
+        SerialConnection connection(nullptr);
+        QVERIFY(connection.openSerialPort(line.path()));
+        connect(&connection, &SerialConnection::signalPortConnectionChanged, this,
+                [&] { ++signalsSent; });
+        connect(&connection, &SerialConnection::signalNewSerialPortData, this,
+                [&] { ++signalsSent; });
+        connect(&connection, &SerialConnection::signalPortListChanged, this,
+                [&] { ++signalsSent; });
+    }
+    QCOMPARE(signalsSent, 0);
+    QCOMPARE(diagnostics.out() + diagnostics.err(), QString());
+
+    SerialConnection next(nullptr);
+    QVERIFY(next.openSerialPort(line.path()));
+    QSignalSpy data(&next, &SerialConnection::signalNewSerialPortData);
+    QVERIFY(line.write("hello"));
+    QTRY_COMPARE(joined(data), QByteArray("hello"));
 }
 
 // Which error a vanished line is reported with is up to chance: the resource error, or another one
