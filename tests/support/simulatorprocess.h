@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/portlock.h"
+
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QStringList>
@@ -26,7 +28,10 @@ public:
         while (paths().isEmpty() && m_process.state() != QProcess::NotRunning &&
                time.elapsed() < 20000)
             m_process.waitForReadyRead(100);
-        return !paths().isEmpty();
+        if (paths().isEmpty())
+            return false;
+        portlock::waitUntilFree(path());
+        return true;
     }
 
     /// Path of the device, after a restart of the camera that of the new one.
