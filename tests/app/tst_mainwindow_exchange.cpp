@@ -99,8 +99,8 @@ private slots:
         Exchange e;
         QVERIFY(e.settle());
         QElapsedTimer time;
-        e.send(COMIO_CMD_DO_FFC, "\1");
         time.start();
+        e.send(COMIO_CMD_DO_FFC, "\1");
         QTRY_COMPARE(e.lines.err(), notSent);
         QVERIFY(time.elapsed() >= 90); // coarse timers may fire 5 % early
         QVERIFY(e.tool.busy());

@@ -8,6 +8,47 @@
 #include <QStatusTipEvent>
 #include <QTabWidget>
 
+namespace {
+
+/// What follows the connection, but for the live view.
+bool followersEnabled(WindowUnderTest &tool, bool enabled)
+{
+    for (const char *name :
+         {"pbLivePreview", "btnReadConf", "btnSetConf", "gbGPSStream", "LiveEdit", "sbusTester"})
+        if (tool.widget(name)->isEnabledTo(&tool.window) != enabled) {
+            qWarning("%s is %s", name, enabled ? "disabled" : "enabled");
+            return false;
+        }
+    return true;
+}
+
+/// Pulls the camera out as soon as the busy indicator runs: a request is about to be written then.
+class Unplugger : public QObject
+{
+    Q_OBJECT
+
+public:
+    Unplugger(CameraEnd &camera, WindowUnderTest &tool) : m_camera(camera)
+    {
+        connect(tool.get<QQuickWidget>("quickWidget")->rootObject(), SIGNAL(runningChanged()), this,
+                SLOT(unplug()));
+    }
+    bool done() const { return m_done; }
+
+public slots:
+    void unplug()
+    {
+        m_camera.hangUp();
+        m_done = true;
+    }
+
+private:
+    CameraEnd &m_camera;
+    bool m_done = false;
+};
+
+} // namespace
+
 class TestMainWindowWiring : public QObject
 {
     Q_OBJECT
@@ -172,6 +213,66 @@ private slots:
         QVERIFY(!tool.busy());
         QVERIFY(!tool.widget("btnSetConf")->isEnabled());
         QVERIFY(tool.widget("tab_liveview")->isEnabled());
+    }
+
+    void vanishingUnderTheIdentityRequestLeavesTheFormDisconnected()
+    {
+        CapturedDiagnostics lines;
+        CameraEnd camera;
+        WindowUnderTest tool;
+        const Unplugger unplugger(camera, tool);
+        QVERIFY(!tool.connectTo(camera.path()));
+        QVERIFY(unplugger.done());
+        // The write itself has closed the form: no event loop has run since.
+        QVERIFY(lines.out().endsWith("<<< serial interface closed\n"));
+        QCOMPARE(lines.out().count("SerialConnection::closeSerialPort()\n"), 1);
+        QVERIFY(followersEnabled(tool, false));
+        QVERIFY(!tool.busy());
+    }
+
+    void connectionIsTakenFromThePortNotFromTheSignal()
+    {
+        CapturedDiagnostics lines;
+        CameraEnd camera;
+        WindowUnderTest tool;
+        tool.window.slotPortConnectionChanged(true);
+        QCOMPARE(tool.get<QPushButton>("btConnectDisconnect")->text(), QStringLiteral("Connect"));
+        QVERIFY(!tool.busy());
+        QVERIFY(followersEnabled(tool, false));
+        QVERIFY(!tool.widget("tab_liveview")->isEnabledTo(&tool.window));
+        QCOMPARE(lines.out() + lines.err(), QString()); // a request would be refused with a line
+
+        QVERIFY(tool.connectTo(camera.path()));
+        tool.window.slotPortConnectionChanged(false);
+        QCOMPARE(tool.get<QPushButton>("btConnectDisconnect")->text(),
+                 QStringLiteral("Disconnect"));
+        QVERIFY(followersEnabled(tool, true));
+        QTRY_COMPARE(camera.commands(), (QVector<quint32>{116, 116}));
+    }
+
+    void connectOpensTheSelectedPort()
+    {
+        CapturedDiagnostics lines;
+        CameraEnd first;
+        CameraEnd second;
+        WindowUnderTest tool;
+        tool.window.slotNewPortList({first.path(), second.path()});
+        tool.get<QComboBox>("comboBoxPort")->setCurrentIndex(1);
+        tool.get<QPushButton>("btConnectDisconnect")->click();
+        QTRY_COMPARE(second.commands(), QVector<quint32>{116});
+        QCOMPARE(first.received(), QByteArray());
+    }
+
+    void companionsGoBeforeTheForm()
+    {
+        QStringList gone;
+        {
+            WindowUnderTest tool;
+            for (const char *name : {"centralWidget", "sbusTester", "LiveEdit", "FactorySettings"})
+                connect(tool.widget(name), &QObject::destroyed, this,
+                        [&gone, name] { gone << name; });
+        }
+        QCOMPARE(gone, QStringList({"FactorySettings", "LiveEdit", "sbusTester", "centralWidget"}));
     }
 
     void refusedPortLeavesTheFormDisconnected()

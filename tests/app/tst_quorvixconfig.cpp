@@ -10,6 +10,7 @@
 #include <QStandardPaths>
 #include <QTimer>
 
+#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <memory>
@@ -35,6 +36,12 @@ QProcessEnvironment withoutDisplay()
 QString errors(const CapturedDiagnostics &lines)
 {
     return QString(lines.err()).remove("<<< This should not have happened! Message was not send\n");
+}
+
+bool hasDisplayTools()
+{
+    return !QStandardPaths::findExecutable("Xvfb").isEmpty() &&
+           !QStandardPaths::findExecutable("xdotool").isEmpty();
 }
 
 struct Run
@@ -101,6 +108,17 @@ public:
         return 0;
     }
 
+    /// Uses the mouse or the keyboard as xdotool's `arguments` say.
+    bool act(const QStringList &arguments)
+    {
+        QProcess process;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("DISPLAY", m_name);
+        process.setProcessEnvironment(environment);
+        process.start(QStringLiteral("xdotool"), arguments);
+        return process.waitForFinished(20000) && process.exitCode() == 0;
+    }
+
     /// What a window manager does when the window's cross is clicked.
     void close(xcb_window_t window)
     {
@@ -155,6 +173,75 @@ private:
     QProcess m_server;
     QString m_name;
     xcb_connection_t *m_connection = nullptr;
+};
+
+const QByteArray title = "Quorvix - Configuration - 2.19";
+const char *const whereOption = "--where-are-the-buttons";
+
+/// Prints where in the window the buttons for production are, each as x and y of its centre.
+int tellWhereTheButtonsAre(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    WindowUnderTest tool;
+    tool.window.showFactoryButtons();
+    tool.window.show();
+    tool.window.adjustSize();
+    if (!QTest::qWaitForWindowExposed(&tool.window, 20000))
+        return 1;
+    for (const char *name : {"pbFactorySettings", "pb_TestWindow"}) {
+        auto *button = tool.get<QPushButton>(name);
+        const QPoint centre = button->mapTo(&tool.window, button->rect().center());
+        std::printf("%d %d\n", centre.x(), centre.y());
+    }
+    return 0;
+}
+
+/// A program with its window on a display of its own.
+class Session
+{
+public:
+    /// The environment of a program on the display.
+    QProcessEnvironment environment() const
+    {
+        QProcessEnvironment environment = withoutDisplay();
+        environment.insert("QT_QPA_PLATFORM", "xcb");
+        environment.insert("DISPLAY", display.name());
+        return environment;
+    }
+    bool start(const QStringList &arguments, const QProcessEnvironment &environment)
+    {
+        process.setProcessEnvironment(environment);
+        process.start(program, arguments);
+        return QTest::qWaitFor([this] { return (window = display.find(title)) != 0; }, 20000);
+    }
+    /// Presses a key combination in the window.
+    bool press(const QString &keys)
+    {
+        return display.act({"windowfocus", "--sync", QString::number(window), "key", keys});
+    }
+    bool click(const QString &x, const QString &y)
+    {
+        return display.act({"mousemove", "--window", QString::number(window), x, y, "click", "1"});
+    }
+    /// Presses Connect until the camera has been asked for its identity. The list may still be
+    /// empty at first: Connect does nothing then.
+    bool connectTo(CameraEnd &camera)
+    {
+        for (int attempt = 0; attempt < 20 && camera.count(116) == 0; ++attempt)
+            if (!press("ctrl+k") || QTest::qWaitFor([&] { return camera.count(116) > 0; }, 1000))
+                break;
+        return camera.count(116) > 0;
+    }
+
+    ~Session()
+    {
+        process.kill();
+        process.waitForFinished();
+    }
+
+    Display display;
+    QProcess process;
+    xcb_window_t window = 0;
 };
 
 /// Qt's own warnings, such as those of QML bindings, for as long as it lives.
@@ -219,6 +306,32 @@ private slots:
         QCOMPARE(result.err, QByteArray());
     }
 
+    void textIsPrintedBesideTheToolkitsOptions_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QByteArray>("text");
+        const QByteArray version = "quorvix-config 2.19\n";
+        QTest::newRow("platform, version")
+            << QStringList{"-platform", "offscreen", "--version"} << version;
+        QTest::newRow("version, platform")
+            << QStringList{"--version", "-platform", "offscreen"} << version;
+        QTest::newRow("style, version") << QStringList{"-style", "fusion", "-v"} << version;
+        QTest::newRow("platform, help")
+            << QStringList{"-platform", "offscreen", "--help"} << QByteArray("--port <NAME>");
+        QTest::newRow("help, style")
+            << QStringList{"-h", "-style", "fusion"} << QByteArray("--factory");
+        QTest::newRow("port, version") << QStringList{"--port", "x", "--version"} << version;
+    }
+    void textIsPrintedBesideTheToolkitsOptions()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QByteArray, text);
+        const Run result = run(arguments, withoutDisplay());
+        QCOMPARE(result.exitCode, 0);
+        QVERIFY2(result.out.contains(text), result.out.constData());
+        QCOMPARE(result.err, QByteArray());
+    }
+
     void wrongCommandLinesAreRefused_data()
     {
         QTest::addColumn<QStringList>("arguments");
@@ -254,23 +367,92 @@ private slots:
         QFETCH(QStringList, arguments);
         if (QStandardPaths::findExecutable("Xvfb").isEmpty())
             QSKIP("needs Xvfb");
-        Display display;
-        QVERIFY(display.start());
-        QProcessEnvironment environment = withoutDisplay();
-        environment.insert("QT_QPA_PLATFORM", "xcb");
-        environment.insert("DISPLAY", display.name());
-        QProcess process;
-        process.setProcessEnvironment(environment);
-        process.start(program, arguments);
-        xcb_window_t window = 0;
-        QTRY_VERIFY_WITH_TIMEOUT((window = display.find("Quorvix - Configuration - 2.19")) != 0,
-                                 20000);
-        display.close(window);
-        QVERIFY(process.waitForFinished(20000));
-        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(process.exitCode(), 0);
-        QCOMPARE(process.readAllStandardError(), QByteArray());
-        QCOMPARE(process.readAllStandardOutput(), QByteArray());
+        Session session;
+        QVERIFY(session.display.start());
+        // The default renderer would tell of itself.
+        QProcessEnvironment environment = session.environment();
+        environment.remove("QT_QUICK_BACKEND");
+        environment.insert("QSG_INFO", "1");
+        QVERIFY(session.start(arguments, environment));
+        session.display.close(session.window);
+        QVERIFY(session.process.waitForFinished(20000));
+        QCOMPARE(session.process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(session.process.exitCode(), 0);
+        QCOMPARE(session.process.readAllStandardError(), QByteArray());
+        QCOMPARE(session.process.readAllStandardOutput(), QByteArray());
+    }
+
+    void rendererOfTheUserWins()
+    {
+        if (QStandardPaths::findExecutable("Xvfb").isEmpty())
+            QSKIP("needs Xvfb");
+        Session session;
+        QVERIFY(session.display.start());
+        QProcessEnvironment environment = session.environment();
+        environment.insert("QT_QUICK_BACKEND", "none-such");
+        session.process.setProcessEnvironment(environment);
+        session.process.start(program, QStringList());
+        QByteArray remarks;
+        QTRY_VERIFY_WITH_TIMEOUT(
+            (remarks += session.process.readAllStandardError()).contains("'none-such'"), 20000);
+    }
+
+    void offersThePortOfTheCommandLine()
+    {
+        if (!hasDisplayTools())
+            QSKIP("needs Xvfb and xdotool");
+        CameraEnd camera;
+        Session session;
+        QVERIFY(session.display.start());
+        QVERIFY(session.start({"--port", camera.path()}, session.environment()));
+        QVERIFY(session.connectTo(camera));
+    }
+
+    void buttonsForProductionShowOnDemand_data()
+    {
+        QTest::addColumn<int>("button");
+        QTest::addColumn<QByteArray>("opens");
+        QTest::newRow("factory settings") << 0 << QByteArray("Factory Settings");
+        QTest::newRow("live editor") << 1 << QByteArray("Live displacement editor");
+    }
+    void buttonsForProductionShowOnDemand()
+    {
+        QFETCH(int, button);
+        QFETCH(QByteArray, opens);
+        if (!hasDisplayTools())
+            QSKIP("needs Xvfb and xdotool");
+        Session session;
+        QVERIFY(session.display.start());
+        QProcess twin;
+        twin.setProcessEnvironment(session.environment());
+        twin.start(QCoreApplication::applicationFilePath(), {whereOption});
+        QVERIFY(twin.waitForFinished(20000));
+        const QStringList places =
+            QString::fromLatin1(twin.readAllStandardOutput()).simplified().split(' ');
+        QCOMPARE(places.size(), 4);
+        const QString x = places[2 * button];
+        const QString y = places[2 * button + 1];
+
+        {
+            QVERIFY(session.start({"--factory"}, session.environment()));
+            const auto opened = [&] { return session.display.find(opens) != 0; };
+            bool open = false;
+            for (int attempt = 0; attempt < 10 && !open; ++attempt) {
+                QVERIFY(session.click(x, y));
+                open = QTest::qWaitFor(opened, 2000);
+            }
+            QVERIFY(open);
+            session.process.kill();
+            QVERIFY(session.process.waitForFinished());
+            QTRY_VERIFY(!opened());
+        }
+        // Without the option the click meets nothing: when the key that follows it has been heard,
+        // no window is there.
+        CameraEnd camera;
+        QVERIFY(session.start({"--port", camera.path()}, session.environment()));
+        QVERIFY(session.click(x, y));
+        QVERIFY(session.connectTo(camera));
+        QCOMPARE(session.display.find(opens), xcb_window_t(0));
     }
 
     void windowEndsSilentlyUnshown()
@@ -336,5 +518,13 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestQuorvixConfig)
+int main(int argc, char *argv[])
+{
+    if (argc > 1 && qstrcmp(argv[1], whereOption) == 0)
+        return tellWhereTheButtonsAre(argc, argv);
+    QApplication application(argc, argv);
+    TestQuorvixConfig test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_quorvixconfig.moc"
