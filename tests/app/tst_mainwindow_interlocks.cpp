@@ -364,6 +364,21 @@ private slots:
         }
     }
 
+    void listWithoutAnIsothermStateIsReported()
+    {
+        FormUnderTest form(0);
+        form.set("cbIsothermsState", 1);
+        form.set("cbIsothermsTransparency", 1);
+        auto before = form.state();
+        m_lines.clear();
+        form.set("cbIsothermsState", -1);
+        QCOMPARE(m_lines.err(), QStringLiteral("<<< Unknown mode\n"));
+        auto after = form.state();
+        before.remove("cbIsothermsState");
+        after.remove("cbIsothermsState");
+        QCOMPARE(after, before);
+    }
+
     void ffcDelayBelongsToTheModesButAutomatic()
     {
         FormUnderTest form(0);
@@ -407,6 +422,16 @@ private slots:
         for (const char *name : {"cBext0mode", "cBext1mode", "gb_FFC"})
             QVERIFY2(form.enabled(name), name);
         QVERIFY(form.shows({{"cbFFCmode", 0}}));
+    }
+
+    void externalShutterLeavesTheDelayOfItsOwnMode()
+    {
+        FormUnderTest form(blend);
+        form.set("cbFFCmode", 3);
+        form.widget("sbFFCdelay")->setEnabled(false);
+        form.set("cb_pheriphery_externalshutter_installed", 1);
+        QVERIFY(form.shows({{"cbFFCmode", 3}}));
+        QVERIFY(!form.enabled("sbFFCdelay")); // only a change of the mode enables it
     }
 
     void partlyCheckedExternalShutterCountsAsInstalled()

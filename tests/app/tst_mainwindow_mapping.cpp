@@ -351,6 +351,28 @@ private slots:
                  channel > 18 ? QStringLiteral("-1") : QString::number(channel));
     }
 
+    void thresholdsOutsideTheirRangeAreShownAtItsEnd_data()
+    {
+        QTest::addColumn<int>("stored");
+        QTest::addColumn<int>("shown");
+        QTest::newRow("none") << 0 << 1;
+        QTest::newRow("lowest") << 1 << 1;
+        QTest::newRow("highest") << 2047 << 2047;
+        QTest::newRow("one above") << 2048 << 2047;
+        QTest::newRow("all bits set") << 0xFFFF << 2047;
+    }
+    void thresholdsOutsideTheirRangeAreShownAtItsEnd()
+    {
+        QFETCH(int, stored);
+        ConfigurationForm form(zoomRow());
+        QByteArray record = blank(zoomRow());
+        for (int i = 0; i < 40; ++i)
+            records::put<quint16>(record, (zoomRow() ? 129 : 113) + 2 * i, quint16(stored));
+        form.read(records::sealed(record));
+        QTEST(form.get<QSpinBox>("sBTriggerLow")->value(), "shown");
+        QTEST(form.get<QSpinBox>("sBTriggerHigh")->value(), "shown");
+    }
+
     void thresholdsAreWrittenToAllEntries_data()
     {
         QTest::addColumn<int>("channel");

@@ -3,6 +3,8 @@
 #include "support/formundertest.h"
 #include "support/modal.h"
 
+#include <QAbstractItemView>
+
 namespace {
 constexpr quint32 blend = 0xC92A6CE6;
 constexpr quint32 blendZoom = 0xA0AF139E;
@@ -54,6 +56,24 @@ private slots:
         QVERIFY(!form.widget("pbLivePreview")->isEnabled());
     }
 
+    void pickingTheShownVideoModeAsksAsWell()
+    {
+        CameraEnd camera;
+        FormUnderTest form(blendZoom);
+        QVERIFY(form.connectTo(camera.path()));
+        form.get<QTabWidget>("tabWidget")->setCurrentWidget(form.widget("tab_liveview"));
+        form.window.show();
+        QVERIFY(form.widget("pbLivePreview")->isEnabled());
+        auto *list = form.get<QComboBox>("cbHDMIVideoMode");
+        list->showPopup();
+        QTRY_VERIFY(list->view()->isVisible());
+        modal::Answer<QMessageBox> answer(modal::click(QMessageBox::Ok));
+        QTest::keyClick(list->view(), Qt::Key_Enter);
+        QVERIFY(answer.given());
+        QCOMPARE(list->currentIndex(), 0);
+        QVERIFY(!form.widget("pbLivePreview")->isEnabled());
+    }
+
     void videoModeOfTheProgramAsksNothing()
     {
         FormUnderTest form(blendZoom);
@@ -78,6 +98,16 @@ private slots:
         QCOMPARE(form.hidden("gb_compressionQuality_slider"), zoom ? false : before);
         QVERIFY(form.shows({{"sbJPEGcompressionDaylight", zoom ? 75 : 85}}));
         QVERIFY(m_lines.err().isEmpty());
+    }
+
+    void sixtyHertzKeepsAQualityOfTheLowestPosition()
+    {
+        FormUnderTest form(blendZoom);
+        form.set("hs_JPEGcompressionDaylight", 0);
+        form.set("sbJPEGcompressionDaylight", 80);
+        form.set("cbHDMIVideoMode", 1); // the slider stands at 0 already and does not move
+        QVERIFY(form.hidden("gb_compressionQuality_slider"));
+        QVERIFY(form.shows({{"hs_JPEGcompressionDaylight", 0}, {"sbJPEGcompressionDaylight", 80}}));
     }
 
     void videoModeIsLookedUpInUpperCase()
@@ -134,6 +164,13 @@ private slots:
         form.set("sbJPEGcompressionDaylight", quality);
         QTEST(form.get<QSlider>("hs_JPEGcompressionDaylight")->value(), "position");
         QTEST(form.get<QSpinBox>("sbJPEGcompressionDaylight")->value(), "shown");
+    }
+
+    void shutterSpeedStartsHidden()
+    {
+        FormUnderTest form(0);
+        QVERIFY(form.hidden("label_vlc_ae_shutterspeed"));
+        QVERIFY(form.hidden("cb_vlc_ae_shutterspeed"));
     }
 
     void shutterSpeedBelongsToItsPriority()

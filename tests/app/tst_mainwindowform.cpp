@@ -181,6 +181,8 @@ void tst_mainwindowform::spinBoxesHaveTheirRanges()
     QCOMPARE(box->value(), start);
     QCOMPARE(box->suffix(), suffix);
     QCOMPARE(box->prefix(), QString());
+    // The focus goes in the steps of its slider.
+    QCOMPARE(box->singleStep(), box == m_ui.sbTamronFocusValue ? 128 : 1);
 }
 
 void tst_mainwindowform::shutterOffsetIsADecimal()

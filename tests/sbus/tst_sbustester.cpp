@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QGroupBox>
+#include <QHideEvent>
 #include <QLCDNumber>
 #include <QLabel>
 #include <QPushButton>
@@ -15,6 +16,7 @@
 #include <QSignalSpy>
 #include <QSlider>
 #include <QTest>
+#include <QTimer>
 
 #include <memory>
 
@@ -37,16 +39,22 @@ private slots:
     void cleanup();
 
     void formShowsSixteenChannels();
+    void indicatorLiesOnTheColourOfTheDialog();
     void startsIdle();
+    void timerRunsWhileStreaming_data();
+    void timerRunsWhileStreaming();
     void streamAsksForLevelsTwiceASecond();
     void streamKeepsAskingWithoutReplies();
     void startStopTwiceReturnsToIdleWithZeroedDisplay();
     void lostConnectionStopsTheRequestsAndGreysTheDialogOut();
     void newConnectionEnablesTheDialogAndStaysIdle();
+    void connectionWhileStreamingChangesNothing();
+    void iconifiedDialogGoesOnPolling();
     void nothingPollsAfterTheDialogIsClosed_data();
     void nothingPollsAfterTheDialogIsClosed();
     void closingZeroesTheDisplayAndWritesTheEvent();
     void dialogStreamsAgainAfterItWasClosed();
+    void levelsAreShownWhileIdle();
     void levelsGoToTheirChannels();
     void thousandPutsTheBarAtMidRange();
     void highestLevelShowsInFullAndPinsTheBar();
@@ -144,6 +152,49 @@ void tst_sbusTester::formShowsSixteenChannels()
     }
 }
 
+void tst_sbusTester::indicatorLiesOnTheColourOfTheDialog()
+{
+    auto *view = m_tester->findChild<QQuickWidget *>(QStringLiteral("quickWidget"));
+    QCOMPARE(view->source(), QUrl(QStringLiteral("qrc:/BusyIndicator.qml")));
+    const QColor dialog = m_tester->palette().color(QPalette::Window);
+    QVERIFY(dialog != Qt::white); // as a view is without a colour of its own
+    QCOMPARE(view->quickWindow()->color(), dialog);
+}
+
+void tst_sbusTester::timerRunsWhileStreaming_data()
+{
+    QTest::addColumn<int>("end");
+    QTest::newRow("Start/Stop") << 0;
+    QTest::newRow("close") << 1;
+    QTest::newRow("disconnect") << 2;
+}
+
+void tst_sbusTester::timerRunsWhileStreaming()
+{
+    QFETCH(int, end);
+    const QList<QTimer *> timers =
+        m_tester->findChildren<QTimer *>(QString(), Qt::FindDirectChildrenOnly);
+    QCOMPARE(timers.count(), 1);
+    const QTimer *timer = timers.first();
+    QVERIFY(!timer->isActive());
+    m_tester->show();
+    startStop()->click();
+    QVERIFY(timer->isActive());
+    QCOMPARE(timer->interval(), 500);
+    QVERIFY(!timer->isSingleShot());
+    switch (end) {
+    case 0:
+        startStop()->click();
+        break;
+    case 1:
+        m_tester->close();
+        break;
+    default:
+        m_tester->connectDevice(false);
+    }
+    QVERIFY(!timer->isActive());
+}
+
 void tst_sbusTester::startsIdle()
 {
     QSignalSpy requests(m_tester.get(), &sbusTester::signalSendPackage);
@@ -214,6 +265,37 @@ void tst_sbusTester::newConnectionEnablesTheDialogAndStaysIdle()
     QVERIFY(staysSilent(requests));
 }
 
+void tst_sbusTester::connectionWhileStreamingChangesNothing()
+{
+    QSignalSpy requests(m_tester.get(), &sbusTester::signalSendPackage);
+    m_tester->connectDevice(true);
+    startStop()->click();
+    m_tester->parseSbusLevels(levels(700));
+    m_tester->connectDevice(true);
+    QVERIFY(m_tester->isEnabled());
+    QVERIFY(spins());
+    for (int n = 1; n <= 16; ++n) {
+        QCOMPARE(number(n)->intValue(), 700);
+        QCOMPARE(bar(n)->value(), 700);
+    }
+    QVERIFY(requests.wait());
+}
+
+void tst_sbusTester::iconifiedDialogGoesOnPolling()
+{
+    m_tester->show();
+    startStop()->click();
+    m_tester->parseSbusLevels(levels(700));
+    // The window system hides an iconified window; that event is spontaneous.
+    QHideEvent event;
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    QVERIFY(qApp->notify(m_tester.get(), &event));
+    QVERIFY(spins());
+    QCOMPARE(number(1)->intValue(), 700);
+    QSignalSpy requests(m_tester.get(), &sbusTester::signalSendPackage);
+    QVERIFY(requests.wait());
+}
+
 void tst_sbusTester::nothingPollsAfterTheDialogIsClosed_data()
 {
     QTest::addColumn<bool>("escape");
@@ -260,6 +342,18 @@ void tst_sbusTester::dialogStreamsAgainAfterItWasClosed()
     startStop()->click();
     QVERIFY(requests.wait());
     QVERIFY(spins());
+}
+
+void tst_sbusTester::levelsAreShownWhileIdle()
+{
+    m_tester->parseSbusLevels(levels(300));
+    QCOMPARE(number(16)->intValue(), 300);
+    m_tester->ongoingRequest(true);
+    m_tester->ongoingRequest(false);
+    QVERIFY(displayIsZero());
+    m_tester->parseSbusLevels(levels(800)); // the reply to the last request
+    QCOMPARE(number(16)->intValue(), 800);
+    QCOMPARE(bar(16)->value(), 800);
 }
 
 void tst_sbusTester::levelsGoToTheirChannels()

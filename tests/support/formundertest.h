@@ -49,7 +49,8 @@ public:
                 continue;
             const bool input = qobject_cast<QComboBox *>(widget) ||
                                qobject_cast<QCheckBox *>(widget) ||
-                               qobject_cast<QAbstractSpinBox *>(widget);
+                               qobject_cast<QAbstractSpinBox *>(widget) ||
+                               qobject_cast<QSlider *>(widget) || qobject_cast<QLineEdit *>(widget);
             state[widget->objectName()] =
                 QStringLiteral("%1 %2 %3")
                     .arg(input ? widgetvalues::value(widget) : QString(),
