@@ -28,6 +28,7 @@ private slots:
     void visibleMnemonicsAreUnique_data() { addModels(); }
     void visibleMnemonicsAreUnique();
     void shortcutsAreUnique();
+    void underlinedLettersLeaveTheirLabelsWhole();
     void mnemonicsReachTheirInputs();
     void tabChainGoesForwardInEachGroup_data() { addWindows(); }
     void tabChainGoesForwardInEachGroup();
@@ -195,6 +196,31 @@ void tst_accessibility::shortcutsAreUnique()
     QCOMPARE(keys, once);
     for (const char *key : {"Ctrl+O", "Ctrl+S", "Ctrl+Q", "F1", "F5", "Ctrl+K", "Ctrl+8"})
         QVERIFY2(keys.contains(key), key);
+}
+
+void tst_accessibility::underlinedLettersLeaveTheirLabelsWhole()
+{
+    // An underlined letter is drawn apart: after a "T" it moves the text beyond its measured width.
+    FormUnderTest form(0);
+    form.set("cbTriggerPinMode", 1); // opens the channels
+    form.window.show();
+    auto *tabs = form.get<QTabWidget>("tabWidget");
+    for (int page = 0; page < tabs->count(); ++page) {
+        tabs->setCurrentIndex(page);
+        QApplication::processEvents();
+        for (const QLabel *label : tabs->currentWidget()->findChildren<QLabel *>()) {
+            if (!label->isVisible() || mnemonicOf(label->text()).isEmpty())
+                continue;
+            QLabel twin(label->text());
+            twin.setBuddy(label->buddy());
+            twin.setFixedSize(label->width() + 20, label->height());
+            const QImage beyond =
+                twin.grab(QRect(label->width(), 0, 20, label->height())).toImage();
+            QImage blank = beyond;
+            blank.fill(twin.palette().color(QPalette::Window));
+            QVERIFY2(beyond == blank, qPrintable(label->text()));
+        }
+    }
 }
 
 void tst_accessibility::mnemonicsReachTheirInputs()
