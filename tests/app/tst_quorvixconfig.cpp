@@ -10,7 +10,6 @@
 #include <QStandardPaths>
 #include <QTimer>
 
-#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <memory>
@@ -181,6 +180,7 @@ const char *const whereOption = "--where-are-the-buttons";
 /// Prints where in the window the buttons for production are, each as x and y of its centre.
 int tellWhereTheButtonsAre(int argc, char *argv[])
 {
+    QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets); // as the program does
     QApplication application(argc, argv);
     WindowUnderTest tool;
     tool.window.showFactoryButtons();
@@ -191,7 +191,7 @@ int tellWhereTheButtonsAre(int argc, char *argv[])
     for (const char *name : {"pbFactorySettings", "pb_TestWindow"}) {
         auto *button = tool.get<QPushButton>(name);
         const QPoint centre = button->mapTo(&tool.window, button->rect().center());
-        std::printf("%d %d\n", centre.x(), centre.y());
+        diagnostics::out(QStringLiteral("%1 %2").arg(centre.x()).arg(centre.y()));
     }
     return 0;
 }
