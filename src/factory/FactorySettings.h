@@ -81,7 +81,8 @@ public slots:
 
     void on_pb_WriteFile_clicked();
     void on_pb_ReadFile_clicked();
-    /// Writes the record to dir/SERIAL.dat; a file that cannot be opened is left alone.
+    /// Writes the record to dir/SERIAL.dat; a file that cannot be opened is left alone, one that
+    /// cannot be written whole is named on standard error.
     void writeFile(QString dir);
     /// Writes the report to dir/SERIAL.txt in the same way.
     void writeReport(QString dir);

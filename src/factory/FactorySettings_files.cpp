@@ -31,6 +31,12 @@ void reportRows(QTextStream &stream, const QTableWidget *table)
 /// More than a record holds: enough to judge a file by, whatever its size.
 constexpr qint64 longestRead = 0x10000;
 
+/// A full disk shows only when the buffered bytes reach it.
+void reportUnwritten(const QFile &file)
+{
+    err(QStringLiteral("<<< could not write %1: %2").arg(file.fileName(), file.errorString()));
+}
+
 /// Runs the dialog; the first path chosen, or nothing after a cancel.
 QString chosenPath(QFileDialog &dialog)
 {
@@ -88,7 +94,9 @@ void FactorySettings::writeFile(QString dir)
         return;
     }
     const FactorySettings_QXBlendZoom_TypeDef record = ui2struct_QXBlendZoom();
-    file.write(reinterpret_cast<const char *>(&record), sizeof(record));
+    const auto size = qint64(sizeof(record));
+    if (file.write(reinterpret_cast<const char *>(&record), size) != size || !file.flush())
+        reportUnwritten(file);
 }
 
 void FactorySettings::writeReport(QString dir)
@@ -106,6 +114,9 @@ void FactorySettings::writeReport(QString dir)
     }
     QTextStream stream(&file);
     ui2report_QXBlendZoom(stream);
+    stream.flush();
+    if (stream.status() != QTextStream::Ok)
+        reportUnwritten(file);
 }
 
 void FactorySettings::readFile()

@@ -1,11 +1,15 @@
 // Where the window takes what the camera sends, code by code.
 
 #include "support/exchange.h"
+#include "support/factoryrecords.h"
+#include "support/modal.h"
 #include "support/records.h"
 
 #include <QLCDNumber>
+#include <QLineEdit>
 #include <QSpinBox>
 #include <QStatusBar>
+#include <QTableWidget>
 
 namespace {
 
@@ -72,6 +76,60 @@ private slots:
         QCOMPARE(
             e.lines.err(),
             QStringLiteral("FactorySettings::parseFactorySettings() Record too short: 28 bytes\n"));
+    }
+
+    void blendFactoryReplyIsShownAndNotWrittenBack()
+    {
+        Exchange e;
+        QVERIFY(e.tool.chooseModel(0xC92A6CE6));
+        e.lines.clear();
+        e.camera.send(211, blendRecord("1812345", {-12, 34, 45, 15, 500}));
+        QTRY_COMPARE(e.lines.out(), QStringLiteral("<<< 1812345\n\n"));
+        const auto value = [&](const char *name) { return e.tool.get<QSpinBox>(name)->value(); };
+        QCOMPARE(e.tool.get<QLineEdit>("leSerialNumber")->text(), QStringLiteral("1812345"));
+        QCOMPARE(value("sbHorizontalAdjustement"), -12);
+        QCOMPARE(value("sbVerticalAdjustment"), 34);
+        QCOMPARE(value("sbLiveViewHorizontalAdjustment"), 5);
+        QCOMPARE(value("sbLiveViewVerticalAdjustment"), 3);
+        QCOMPARE(value("sbScale"), 500);
+        e.send(COMIO_CMD_DO_FFC); // a later command: all before it have arrived
+        QTRY_COMPARE(e.camera.commands(), (QVector<quint32>{116, 133, 133}));
+    }
+
+    void zoomFactoryReplyAsksAndFillsTheTables()
+    {
+        Exchange e;
+        QVERIFY(e.tool.chooseModel(0xA0AF139E));
+        QVector<int> hdmi = initialHdmi();
+        QVector<int> analog = initialAnalog();
+        QVector<int> ardview = initialArdview();
+        int next = -100; // no two alike
+        for (QVector<int> *table : {&hdmi, &analog, &ardview})
+            for (int &number : *table)
+                number = next++;
+        const QByteArray record = zoomRecord("1812345", ardview, hdmi, analog);
+        QCOMPARE(record.size(), 416);
+        QString title;
+        modal::Answer<QMessageBox> question([&](QMessageBox *box) {
+            title = box->windowTitle();
+            box->button(QMessageBox::Ok)->click();
+        });
+        e.camera.send(211, record);
+        QTRY_VERIFY(question.given());
+        QCOMPARE(title, QStringLiteral("Read Settings?"));
+        const QPair<const char *, const QVector<int> *> tables[] = {
+            {"tw_QXBZ_hdmi", &hdmi}, {"tw_QXBZ_analog", &analog}, {"tw_QXBZ_ardview", &ardview}};
+        for (const auto &each : tables) {
+            const auto *table = e.tool.get<QTableWidget>(each.first);
+            QTRY_COMPARE(table->item(table->rowCount() - 1, 9)->text().toInt(),
+                         each.second->last());
+            for (int i = 0; i < each.second->size(); ++i)
+                QCOMPARE(table->item(i % table->rowCount(), i / table->rowCount())->text().toInt(),
+                         each.second->at(i));
+        }
+        QCOMPARE(e.tool.get<QLineEdit>("leSerialNumber")->text(), QStringLiteral("1812345"));
+        e.send(COMIO_CMD_DO_FFC);
+        QTRY_COMPARE(e.camera.commands(), (QVector<quint32>{116, 133, 133}));
     }
 
     void identityReplyIdentifiesTheCamera()

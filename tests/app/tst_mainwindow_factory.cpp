@@ -1,5 +1,6 @@
 #include "support/cameraend.h"
 #include "support/captureddiagnostics.h"
+#include "support/factoryrecords.h"
 #include "support/windowundertest.h"
 
 #include <QSpinBox>
@@ -21,7 +22,7 @@ class TestMainWindowFactory : public QObject
             table->item(row, column)->setText(QString::number(values[row]));
     }
 
-    static QVector<int> column(QTableWidget *table, int column)
+    static QVector<int> column(const QTableWidget *table, int column)
     {
         QVector<int> values;
         for (int row = 0; row < table->rowCount(); ++row)
@@ -115,6 +116,37 @@ private slots:
                                              "FactorySettings::setFPGADisplacements_Analoge()\n"));
     }
 
+    void setButtonsFillTheColumnOfTheirOwnTable()
+    {
+        CapturedDiagnostics lines;
+        CameraEnd camera;
+        WindowUnderTest tool;
+        tool.get<QSpinBox>("sbTamronZoom")->setValue(10);
+        QVERIFY(tool.connectTo(camera.path())); // enables the editor
+        const auto *hdmi = tool.get<QTableWidget>("tw_QXBZ_hdmi");
+        const auto *analog = tool.get<QTableWidget>("tw_QXBZ_analog");
+        const QVector<int> oldAnalog = column(analog, 9);
+        const QVector<int> neighbours[] = {column(hdmi, 8), column(analog, 8)};
+        tool.get<QSpinBox>("sbFpgaA")->setValue(11);
+        tool.get<QSpinBox>("sbFpgaC")->setValue(400);
+        tool.get<QSpinBox>("sbFpgaC_1")->setValue(31);
+        tool.get<QSpinBox>("sbFpgaG_1")->setValue(-7);
+        tool.get<QSpinBox>("sbFpga_Analog_B")->setValue(22);
+        tool.get<QSpinBox>("sbFpga_Analog_D")->setValue(300);
+        tool.get<QSpinBox>("sbFpga_Analog_D_1")->setValue(42);
+        tool.get<QSpinBox>("sbFpga_Analog_F_1")->setValue(-8);
+
+        tool.get<QPushButton>("pbSetHDMI")->click();
+        const QVector<int> newHdmi = {11, 0, 431, 0, 0, 0, -7};
+        QCOMPARE(column(hdmi, 9), newHdmi);
+        QCOMPARE(column(analog, 9), oldAnalog);
+        tool.get<QPushButton>("pbSetAnaloge")->click();
+        QCOMPARE(column(hdmi, 9), newHdmi);
+        QCOMPARE(column(analog, 9), (QVector<int>{0, 22, 0, 342, 0, -8, 0}));
+        QCOMPARE(column(hdmi, 8), neighbours[0]);
+        QCOMPARE(column(analog, 8), neighbours[1]);
+    }
+
     void editorsFramesReachThePort()
     {
         CapturedDiagnostics lines;
@@ -123,8 +155,42 @@ private slots:
         QVERIFY(tool.connectTo(camera.path()));
         QTRY_COMPARE(camera.count(116), 1);
         QMetaObject::invokeMethod(dialog(tool, "LiveEdit"), "on_pbFpgaDispl_HDMI_clicked");
-        QTRY_COMPARE(camera.count(130), 1);
-        QCOMPARE(camera.last(130).size(), 16); // 14 bytes and their padding
+        // Then seven 16-bit numbers; D and D_1 make -2.
+        tool.get<QSpinBox>("sbFpgaD")->setValue(-100);
+        tool.get<QSpinBox>("sbFpgaD_1")->setValue(98);
+        QMetaObject::invokeMethod(dialog(tool, "LiveEdit"), "on_pbFpgaDispl_HDMI_clicked");
+        tool.get<QSpinBox>("sbFpga_Analog_C_1")->setValue(0x1234);
+        QMetaObject::invokeMethod(dialog(tool, "LiveEdit"), "on_pbFpgaDispl_Analog_clicked");
+        const QByteArray zeros(14, '\0');
+        const QByteArray hdmi = QByteArray::fromHex("000000000000feff000000000000");
+        const QByteArray analog = QByteArray::fromHex("0000000034120000000000000000");
+        QTRY_COMPARE(camera.received().toHex(),
+                     (reference::frame(116, {}) + reference::frame(130, zeros) +
+                      reference::frame(130, hdmi) + reference::frame(131, analog))
+                         .toHex());
+    }
+
+    void factoryRecordsReachThePort_data()
+    {
+        QTest::addColumn<quint32>("key");
+        QTest::addColumn<QByteArray>("record");
+        QTest::newRow("Blend") << 0xC92A6CE6U << blendRecord("1700999", {0, 0, 40, 12, 480});
+        QTest::newRow("Blend Zoom")
+            << 0xA0AF139EU
+            << zoomRecord("1700999", initialArdview(), initialHdmi(), initialAnalog());
+    }
+    void factoryRecordsReachThePort()
+    {
+        QFETCH(quint32, key);
+        QFETCH(QByteArray, record);
+        CapturedDiagnostics lines;
+        CameraEnd camera;
+        WindowUnderTest tool;
+        QVERIFY(tool.connectTo(camera.path()));
+        QVERIFY(tool.chooseModel(key));
+        tool.get<QPushButton>("pbSetFactorySettings")->click();
+        QTRY_COMPARE(camera.received().toHex(),
+                     (reference::frame(116, {}) + reference::frame(110, record)).toHex());
     }
 };
 

@@ -7,6 +7,10 @@
 #include <QTest>
 #include <QTextStream>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <memory>
 
 namespace {
@@ -65,11 +69,14 @@ private slots:
 
     void writesDataFileAndReportNamedAfterTheSerialNumber();
     void reportRowsShowTheCellsAsTheyStand();
+    void reportFollowsTablesThatGrew();
     void everyReportRowEndsInAComma();
     void emptySerialNumberGivesBareExtensions();
     void serialNumberWithSeparatorWritesNothing();
+    void serialNumberBeyondAsciiIsLatin1InTheRecord();
     void otherModelsLeaveTwoEmptyFiles();
     void unwritableDirectoryLeavesTheProgramAsItWas();
+    void fullDiskIsReported();
     void pathOfTheDirectoryIsCleaned();
     void writingReplacesAnOlderFile();
     void cancelledDirectoryDialogWritesNothing();
@@ -79,6 +86,7 @@ private slots:
     void longFileIsReadAtTheRecordsLength();
     void shortFilesAreRefused_data();
     void shortFilesAreRefused();
+    void whatIsNoRegularFileIsNotRead();
     void otherModelsDoNotRead();
     void cancelledFileDialogReadsNothing();
     void openDialogOffersDataFiles();
@@ -151,6 +159,23 @@ void tst_FactoryFiles::reportRowsShowTheCellsAsTheyStand()
     QVERIFY(report.endsWith(QStringLiteral("\nScale 620,350,230,180,140,130,120,110,100,,\n")));
 }
 
+void tst_FactoryFiles::reportFollowsTablesThatGrew()
+{
+    w->devices.setDevice(KovoDevice_QXBlendZoom);
+    w->table("tw_QXBZ_hdmi")->setRowCount(8);
+    w->table("tw_QXBZ_hdmi")->setColumnCount(11);
+    w->table("tw_QXBZ_hdmi")->setItem(7, 10, new QTableWidgetItem(QStringLiteral("last")));
+    QString report;
+    QTextStream stream(&report);
+    w->dialog.ui2report_QXBlendZoom(stream);
+    stream.flush();
+    // A row without a header of its own is counted, as on the screen.
+    QVERIFY(report.startsWith(
+        QStringLiteral("QX Blend Zoom 1700999\n\nHDMI:\nA 483,30,0,0,0,0,0,0,0,0,,\nB 188,")));
+    QVERIFY(report.contains(QStringLiteral("\nG 0,42,106,146,166,180,188,195,201,205,,\n"
+                                           "8 ,,,,,,,,,,last,\n\nAnalog:\nA 21,")));
+}
+
 void tst_FactoryFiles::everyReportRowEndsInAComma()
 {
     w->devices.setDevice(KovoDevice_QXBlendZoom);
@@ -197,6 +222,27 @@ void tst_FactoryFiles::serialNumberWithSeparatorWritesNothing()
     }
 }
 
+void tst_FactoryFiles::serialNumberBeyondAsciiIsLatin1InTheRecord()
+{
+    const QString serial = QStringLiteral("17\u00DC");
+    w->devices.setDevice(KovoDevice_QXBlendZoom);
+    w->serialNumber()->setText(serial);
+    w->dialog.writeFile(dir->path());
+    w->dialog.writeReport(dir->path());
+    QCOMPARE(files(), (QStringList{serial + ".dat", serial + ".txt"}));
+    const QString data = dir->filePath(serial + ".dat");
+    QCOMPARE(content(data).mid(4, 12).toHex(), QByteArray("3137dc000000000000000000"));
+    // The report is text in the encoding of the locale.
+    QVERIFY(content(dir->filePath(serial + ".txt"))
+                .startsWith("QX Blend Zoom " + serial.toLocal8Bit() + "\n\nHDMI:\n"));
+
+    w->serialNumber()->clear();
+    modal::Answer<QMessageBox> ok(modal::click(QMessageBox::Ok));
+    w->dialog.loadFile(data);
+    QVERIFY(ok.given());
+    QCOMPARE(w->serialNumber()->text(), serial);
+}
+
 void tst_FactoryFiles::otherModelsLeaveTwoEmptyFiles()
 {
     w->devices.setDevice(KovoDevice_QXBlend);
@@ -225,6 +271,22 @@ void tst_FactoryFiles::unwritableDirectoryLeavesTheProgramAsItWas()
     QCOMPARE(content(path("file")), QByteArray("regular"));
     QCOMPARE(w->cells("tw_QXBZ_hdmi"), before);
     QVERIFY(w->dialog.isEnabled());
+}
+
+void tst_FactoryFiles::fullDiskIsReported()
+{
+    if (!QFile::exists(QStringLiteral("/dev/full")))
+        QSKIP("no /dev/full here");
+    w->devices.setDevice(KovoDevice_QXBlendZoom);
+    for (const char *name : {"1700999.dat", "1700999.txt"})
+        QVERIFY(QFile::link(QStringLiteral("/dev/full"), path(name)));
+    w->dialog.writeFile(dir->path());
+    QCOMPARE(w->said.err(), QStringLiteral("<<< could not write %1: No space left on device\n")
+                                .arg(path("1700999.dat")));
+    w->said.clear();
+    w->dialog.writeReport(dir->path());
+    QCOMPARE(w->said.err(), QStringLiteral("<<< could not write %1: No space left on device\n")
+                                .arg(path("1700999.txt")));
 }
 
 void tst_FactoryFiles::pathOfTheDirectoryIsCleaned()
@@ -336,6 +398,29 @@ void tst_FactoryFiles::shortFilesAreRefused()
     QVERIFY(w->said.err().contains(QStringLiteral("too short: %1 bytes").arg(size)));
     QCOMPARE(w->cells("tw_QXBZ_hdmi"), before);
     QCOMPARE(w->serialNumber()->text(), QStringLiteral("1700999"));
+}
+
+void tst_FactoryFiles::whatIsNoRegularFileIsNotRead()
+{
+    w->devices.setDevice(KovoDevice_QXBlendZoom);
+    QVector<QVector<QString>> before;
+    for (const char *name : tableNames)
+        before << w->cells(name);
+    const QString pipe = path("pipe.dat");
+    QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
+    // First with a writer, so that a program that opens the pipe all the same does not hang.
+    const int writer = ::open(qPrintable(pipe), O_RDWR);
+    QVERIFY(writer >= 0);
+    w->dialog.loadFile(pipe);
+    ::close(writer);
+    QCOMPARE(w->said.err(), QString());
+    for (const QString &each : {pipe, dir->path(), path("missing.dat"), QString()})
+        w->dialog.loadFile(each);
+    QCOMPARE(w->said.err(), QString());
+    QCOMPARE(w->said.out(), QString());
+    QCOMPARE(w->serialNumber()->text(), QStringLiteral("1700999"));
+    for (int i = 0; i < 3; ++i)
+        QCOMPARE(w->cells(tableNames[i]), before[i]);
 }
 
 void tst_FactoryFiles::otherModelsDoNotRead()

@@ -2,6 +2,7 @@
 
 #include <QGroupBox>
 #include <QHeaderView>
+#include <QLabel>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTest>
@@ -18,6 +19,7 @@ private slots:
     void cleanup() { w.reset(); }
 
     void formHasItsTextsAndRanges();
+    void labelsStandBesideTheirBoxes();
     void tablesHaveVisibleHeadersAndInitialContents();
     void columnsAreWideEnoughForTheirNumbers();
     void cellsAreEditedWithinSixteenBits();
@@ -70,6 +72,26 @@ void tst_FactoryForm::formHasItsTextsAndRanges()
         QCOMPARE(box->minimum(), ranges[i][0]);
         QCOMPARE(box->maximum(), ranges[i][1]);
         QCOMPARE(box->value(), ranges[i][2]);
+    }
+}
+
+void tst_FactoryForm::labelsStandBesideTheirBoxes()
+{
+    const QVector<QPair<const char *, QString>> labels = {
+        {"leSerialNumber", "Serial number"},
+        {"sbLiveViewHorizontalAdjustment", "Horizontal Adjustment"},
+        {"sbLiveViewVerticalAdjustment", "Vertical Adjustement"},
+        {"sbHorizontalAdjustement", "Horizontal Adjustment"},
+        {"sbVerticalAdjustment", "Vertical Adjustement"},
+        {"sbScale", "Scale"}};
+    w->devices.setDevice(KovoDevice_QXBlend);
+    w->dialog.show();
+    for (const auto &row : labels) {
+        QStringList texts;
+        for (const QLabel *label : w->dialog.findChildren<QLabel *>())
+            if (label->buddy() == w->widget(row.first) && label->isVisible())
+                texts << label->text();
+        QCOMPARE(texts, QStringList{row.second});
     }
 }
 

@@ -19,16 +19,6 @@ QVector<uint8_t> payload(const QByteArray &bytes)
     return out;
 }
 
-/// A Blend record from its serial number and five numbers.
-QByteArray blendRecord(const QByteArray &serial, const QVector<int> &numbers)
-{
-    QByteArray bytes = serial.leftJustified(12, '\0');
-    for (const int value : numbers)
-        for (int shift = 0; shift < 32; shift += 8)
-            bytes += char(unsigned(value) >> shift & 0xFF);
-    return bytes;
-}
-
 QVector<int> counting(int count, int from)
 {
     QVector<int> numbers(count);

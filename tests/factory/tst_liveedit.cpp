@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QRegularExpression>
 #include <QTabBar>
 
 #include <algorithm>
@@ -22,7 +23,9 @@ private slots:
     void opticsBoxesHaveInitialValuesAndRanges_data();
     void opticsBoxesHaveInitialValuesAndRanges();
     void displacementBoxesHaveTheSameRangesOnBothTabs();
+    void zoomPositionHasItsLabelsAndRange();
     void focalLengthsOfTheTenZoomPositions();
+    void keysAreNamedBelowTheTabs();
     void windowFollowsTheConnection();
     void escapeDoesNotCloseTheWindow();
 
@@ -149,6 +152,36 @@ void tst_LiveEdit::displacementBoxesHaveTheSameRangesOnBothTabs()
             QCOMPARE(box(output + range.first)->minimum(), range.second.first);
             QCOMPARE(box(output + range.first)->maximum(), range.second.second);
         }
+}
+
+void tst_LiveEdit::zoomPositionHasItsLabelsAndRange()
+{
+    show();
+    const QVector<QPair<const char *, QString>> labels = {{"sbZoomLevel", "ZoomLevel:"},
+                                                          {"lwFocalLengths", "Focal Length"}};
+    for (const auto &row : labels) {
+        QStringList texts;
+        for (const QLabel *label : window->findChildren<QLabel *>())
+            if (label->buddy() == widget<QWidget>(QLatin1String(row.first)) && label->isVisible())
+                texts << label->text();
+        QCOMPARE(texts, QStringList{row.second});
+    }
+    QCOMPARE(box(QStringLiteral("sbZoomLevel"))->minimum(), 1);
+    QCOMPARE(box(QStringLiteral("sbZoomLevel"))->maximum(), 10);
+}
+
+void tst_LiveEdit::keysAreNamedBelowTheTabs()
+{
+    show();
+    const auto *label = widget<QLabel>(QStringLiteral("labelKeys"));
+    QVERIFY(label->isVisible());
+    QVERIFY(window->rect().contains(QRect(label->mapTo(window.get(), QPoint()), label->size())));
+    QVERIFY(label->height() >= label->heightForWidth(label->width()));
+    QStringList keys;
+    QRegularExpression pair(QStringLiteral("\\b([a-z]) / ([a-z])\\b[^(]*\\(([A-G])\\)"));
+    for (auto match = pair.globalMatch(label->text()); match.hasNext();)
+        keys << match.next().capturedTexts().mid(1).join(QString());
+    QCOMPARE(keys, (QStringList{"adA", "wsB", "jlF", "ikG"}));
 }
 
 void tst_LiveEdit::focalLengthsOfTheTenZoomPositions()

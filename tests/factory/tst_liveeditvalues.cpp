@@ -15,6 +15,7 @@ private slots:
     void hdmiScaleDerivesSharesAndTheAnalogScale();
     void analogScaleDerivesItsSharesOnly();
     void scaleZeroKeepsOnlyTheCropThatWouldDivide();
+    void scaleZeroBeyondBothEdgesKeepsBothCrops();
     void loadSendsNothing();
     void loadKeepsTheSums();
     void loadOfTheInitialColumnsKeepsTheSums();
@@ -93,6 +94,38 @@ void tst_LiveEditValues::scaleZeroKeepsOnlyTheCropThatWouldDivide()
     QCOMPARE(sent->count(), 1);
 }
 
+void tst_LiveEditValues::scaleZeroBeyondBothEdgesKeepsBothCrops()
+{
+    box(QStringLiteral("sbFpgaE"))->setValue(1100);
+    box(QStringLiteral("sbRGBResX_HDMI"))->setValue(800);
+    box(QStringLiteral("sbRGBResY_HDMI"))->setValue(500);
+    box(QStringLiteral("sbFpgaA"))->setValue(900);
+    box(QStringLiteral("sbFpgaB"))->setValue(600);
+    box(QStringLiteral("sbFpga_Analog_A"))->setValue(721);
+    box(QStringLiteral("sbFpga_Analog_B"))->setValue(577);
+    QCOMPARE(shares(hdmi), (Columns{1919, 1079, 96, 130}));
+    QCOMPARE(shares(analog), (Columns{719, 575, 152, 122})); // as of A = B = 0
+    sent->clear();
+    said->clear();
+
+    box(QStringLiteral("sbFpgaE"))->setValue(0);
+    QCOMPARE(shares(hdmi), (Columns{-101, -101, 96, 130}));
+    QCOMPARE(shares(analog), (Columns{0, 0, 152, 122}));
+    QCOMPARE(said->err(),
+             QStringLiteral(
+                 "LiveEdit::on_sbFpgaE_valueChanged() E is 0: calculated share of F left "
+                 "unchanged\n"
+                 "LiveEdit::on_sbFpgaE_valueChanged() E is 0: calculated share of G left "
+                 "unchanged\n"
+                 "LiveEdit::on_sbFpga_Analog_E_valueChanged() E is 0: calculated share of F left "
+                 "unchanged\n"
+                 "LiveEdit::on_sbFpga_Analog_E_valueChanged() E is 0: calculated share of G left "
+                 "unchanged\n"));
+    QCOMPARE(sent->count(), 2);
+    QCOMPARE(takeFrame(), displacementFrame(setAnalog, {721, 577, 0, 0, 0, 152, 122}));
+    QCOMPARE(takeFrame(), displacementFrame(setHdmi, {900, 600, -101, -101, 0, 96, 130}));
+}
+
 void tst_LiveEditValues::loadSendsNothing()
 {
     window->setDisplacements_HDMI(10, 20, 30, 40, 500, 60, 70, 5);
@@ -112,6 +145,7 @@ void tst_LiveEditValues::loadKeepsTheSums()
     window->setDisplacements_HDMI(10, 20, 1700, 1000, 1100, 104, 106, 3);
     QCOMPARE(sums(hdmi), (Columns{10, 20, 1700, 1000, 1100, 104, 106}));
     QCOMPARE(box(QStringLiteral("sbFpgaC"))->value(), -100);
+    QCOMPARE(shares(hdmi), (Columns{1800, 1059, 97, 132})); // 1909 - 109
 }
 
 void tst_LiveEditValues::loadOfTheInitialColumnsKeepsTheSums()
