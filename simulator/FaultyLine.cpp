@@ -24,8 +24,7 @@ void FaultyLine::send(const QByteArray &frame)
     if (m_paused) {
         m_waiting.enqueue({0, frame});
     } else {
-        for (const auto &piece : m_generator.distort(frame))
-            m_waiting.enqueue(piece);
+        m_waiting.append(m_generator.distort(frame).toList());
         if (++m_frames == m_faults.hangup)
             emit signalHangupDue();
     }

@@ -67,7 +67,7 @@ QString parseOptions(const QStringList &arguments, Options &options)
         parser.showVersion();
     if (!parser.positionalArguments().isEmpty())
         return QStringLiteral("Unexpected argument '%1'.")
-            .arg(parser.positionalArguments().first());
+            .arg(parser.positionalArguments().constFirst());
 
     options.model = findModel(parser.value(model));
     if (!options.model)
@@ -89,7 +89,8 @@ QString parseOptions(const QStringList &arguments, Options &options)
             options.serial = "";
     }
 
-    for (const QString &text : parser.values(fault)) {
+    const QStringList faults = parser.values(fault);
+    for (const QString &text : faults) {
         QString error = addFault(text, options.faults);
         if (!error.isEmpty())
             return error;

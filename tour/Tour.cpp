@@ -24,7 +24,7 @@ static void say(const QString &line)
 
 Tour::Tour(const Options &options) : m_options(options)
 {
-    QObject::connect(&m_boxWatch, &QTimer::timeout, [this] { answerBox(); });
+    QObject::connect(&m_boxWatch, &QTimer::timeout, &m_boxWatch, [this] { answerBox(); });
     m_boxWatch.start(LOOK_MS);
 }
 
@@ -37,7 +37,7 @@ bool Tour::run()
         steps << &Tour::readConfiguration << &Tour::writeConfiguration << &Tour::reconnect
               << &Tour::readConfiguration << &Tour::compare;
     steps << &Tour::takePictures;
-    for (const Step step : steps) {
+    for (const Step step : qAsConst(steps)) {
         if (!(this->*step)() || m_failed)
             return false;
     }
@@ -197,7 +197,7 @@ bool Tour::waitFor(const char *what, const std::function<bool()> &condition)
     QTimer look;
     QElapsedTimer elapsed;
     elapsed.start();
-    QObject::connect(&look, &QTimer::timeout, [&] {
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
         if (m_failed || condition() || elapsed.elapsed() > STEP_MS)
             loop.quit();
     });

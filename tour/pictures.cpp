@@ -72,7 +72,7 @@ public:
     Pictures(const QDir &output, const QString &model, const QSize &size)
         : m_output(output), m_model(model), m_size(size)
     {
-        QObject::connect(&m_boxWatch, &QTimer::timeout, [this] { answerBox(); });
+        QObject::connect(&m_boxWatch, &QTimer::timeout, &m_boxWatch, [this] { answerBox(); });
         m_boxWatch.start(20);
     }
 

@@ -18,9 +18,7 @@ namespace {
 /// Asks for one file. Empty when the dialog is cancelled.
 QString chosenFile(QFileDialog &dialog)
 {
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return QString();
-    return dialog.selectedFiles().first();
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 /// More than any record holds: enough to judge a file by, whatever its size.

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <initializer_list>
 
 namespace {
 
@@ -189,34 +190,35 @@ bool MainWindow::slotDeviceChanged(KovoDeviceCRCKey_TypeDef key)
         return false;
 
     const Ui::MainWindow &ui = *m_ui;
-    for (QWidget *widget : QList<QWidget *>{ui.gb_pheriphery_externalshutter,
-                                            ui.gb_pheriphery_externalshutteroptions,
-                                            ui.comboBoxPort,
-                                            ui.btConnectDisconnect,
-                                            ui.gbSonyFCBCameraAdjustements,
-                                            ui.gbSonyFCBFocus,
-                                            ui.gbTamronFocus,
-                                            ui.gbSonyFCBZoom,
-                                            ui.gbTamronVibrationCompensation,
-                                            ui.gbTamronZoom,
-                                            ui.gb_videoMode,
-                                            ui.gb_hdmivideoMode,
-                                            ui.gb_compressionQuality,
-                                            ui.gb_compressionQuality_slider,
-                                            ui.gbImageOutput,
-                                            ui.gbSyncMode,
-                                            ui.gbSbusConnectionOptions,
-                                            ui.gbTestModes,
-                                            ui.gb_exp_uart,
-                                            ui.gb_vlc_ae,
-                                            ui.cbSbusZoom,
-                                            ui.cbSbusZoomMode,
-                                            ui.label_sbuschannel_zoom,
-                                            ui.label_sbuschannel_zoommode,
-                                            ui.label_sbuschannel_viewmode_switcthmode,
-                                            ui.cbSbusViewModeSwitchMode,
-                                            ui.label_sbus_Overlay,
-                                            ui.cbSbusOverlay})
+    for (QWidget *widget :
+         std::initializer_list<QWidget *>{ui.gb_pheriphery_externalshutter,
+                                          ui.gb_pheriphery_externalshutteroptions,
+                                          ui.comboBoxPort,
+                                          ui.btConnectDisconnect,
+                                          ui.gbSonyFCBCameraAdjustements,
+                                          ui.gbSonyFCBFocus,
+                                          ui.gbTamronFocus,
+                                          ui.gbSonyFCBZoom,
+                                          ui.gbTamronVibrationCompensation,
+                                          ui.gbTamronZoom,
+                                          ui.gb_videoMode,
+                                          ui.gb_hdmivideoMode,
+                                          ui.gb_compressionQuality,
+                                          ui.gb_compressionQuality_slider,
+                                          ui.gbImageOutput,
+                                          ui.gbSyncMode,
+                                          ui.gbSbusConnectionOptions,
+                                          ui.gbTestModes,
+                                          ui.gb_exp_uart,
+                                          ui.gb_vlc_ae,
+                                          ui.cbSbusZoom,
+                                          ui.cbSbusZoomMode,
+                                          ui.label_sbuschannel_zoom,
+                                          ui.label_sbuschannel_zoommode,
+                                          ui.label_sbuschannel_viewmode_switcthmode,
+                                          ui.cbSbusViewModeSwitchMode,
+                                          ui.label_sbus_Overlay,
+                                          ui.cbSbusOverlay})
         widget->hide();
     ui.cBext0mode->clear();
     ui.cBext1mode->clear();

@@ -6,6 +6,8 @@
 #include <QMessageBox>
 #include <QMetaEnum>
 
+#include <initializer_list>
+
 namespace {
 
 constexpr int sbusDeactivated = 18; // list position after channels 1 to 18
@@ -117,9 +119,9 @@ void MainWindow::on_cbTriggerPinModeIndexChanged(int index)
     }
     if (m_ui->cbPeripheryGimbalrc->isChecked())
         return;
-    for (QWidget *widget :
-         QList<QWidget *>{m_ui->tab_SBUS, m_ui->gbSbusChannelAssignment, m_ui->cbSbusFFC,
-                          m_ui->cbSbusColorMapSwitchMode, m_ui->cbSbusZoomMode})
+    for (QWidget *widget : std::initializer_list<QWidget *>{
+             m_ui->tab_SBUS, m_ui->gbSbusChannelAssignment, m_ui->cbSbusFFC,
+             m_ui->cbSbusColorMapSwitchMode, m_ui->cbSbusZoomMode})
         widget->setEnabled(true);
     if (m_devices->isActiveDevice(KovoDevice_QXBlend)) {
         presetAndLock(m_ui->cbSbusOverlay, sbusDeactivated);

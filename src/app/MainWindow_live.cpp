@@ -8,6 +8,8 @@
 
 #include <QDateTime>
 
+#include <initializer_list>
+
 namespace {
 
 constexpr qint64 liveSettingsInterval = 2000; // ms between a send and the next live settings
@@ -99,7 +101,7 @@ void MainWindow::on_cbVLCTamronFocus_currentIndexChanged(int index)
     if (index != 0 && index != 1)
         return;
     for (QWidget *widget :
-         QList<QWidget *>{m_ui->hsTamronfocusvalue, m_ui->label_68, m_ui->label_69})
+         std::initializer_list<QWidget *>{m_ui->hsTamronfocusvalue, m_ui->label_68, m_ui->label_69})
         widget->setEnabled(index == 1);
 }
 

@@ -47,10 +47,10 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), m_ui(new Ui::Main
 {
     m_ui->setupUi(this);
 
-    for (QWidget *widget :
-         QList<QWidget *>{m_ui->gb_Liveview_hotspotdetection, m_ui->gb_liveview_layerscaling,
-                          m_ui->gb_pheriphery_externalshutteroptions, m_ui->label_eso_opt5,
-                          m_ui->sb_eso_opt5, m_ui->gb_VLC_cam})
+    for (QWidget *widget : std::initializer_list<QWidget *>{
+             m_ui->gb_Liveview_hotspotdetection, m_ui->gb_liveview_layerscaling,
+             m_ui->gb_pheriphery_externalshutteroptions, m_ui->label_eso_opt5, m_ui->sb_eso_opt5,
+             m_ui->gb_VLC_cam})
         widget->hide();
 
     alignLabelColumns();
@@ -254,8 +254,8 @@ void MainWindow::slotPortConnectionChanged(bool)
     m_liveEdit->connectDevice(open);
     m_sbusTester->connectDevice(open);
 
-    for (QWidget *widget : QList<QWidget *>{m_ui->pbLivePreview, m_ui->btnReadConf,
-                                            m_ui->btnSetConf, m_ui->gbGPSStream})
+    for (QWidget *widget : std::initializer_list<QWidget *>{m_ui->pbLivePreview, m_ui->btnReadConf,
+                                                            m_ui->btnSetConf, m_ui->gbGPSStream})
         widget->setEnabled(open);
     // The live view stays usable after a disconnect.
     if (open)

@@ -4,12 +4,16 @@
 
 namespace diagnostics {
 
-static Sink currentSink;
+static Sink &currentSink()
+{
+    static Sink sink;
+    return sink;
+}
 
 static void write(Stream stream, const QString &text)
 {
-    if (currentSink) {
-        currentSink(stream, text);
+    if (currentSink()) {
+        currentSink()(stream, text);
         return;
     }
     std::FILE *file = stream == Stream::Out ? stdout : stderr;
@@ -35,7 +39,7 @@ void err(const QString &line)
 
 void setSink(Sink sink)
 {
-    currentSink = std::move(sink);
+    currentSink() = std::move(sink);
 }
 
 } // namespace diagnostics

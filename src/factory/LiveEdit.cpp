@@ -64,7 +64,8 @@ LiveEdit::LiveEdit(QWidget *parent)
     QListWidget *list = m_ui->lwFocalLengths;
     list->setFixedHeight(list->count() * list->sizeHintForRow(0) + 2 * list->frameWidth());
     // Number boxes and the list would swallow the steering keys.
-    for (QWidget *child : findChildren<QWidget *>())
+    const auto children = findChildren<QWidget *>();
+    for (QWidget *child : children)
         if (qobject_cast<QAbstractSpinBox *>(child) || child == list)
             child->installEventFilter(this);
 }
