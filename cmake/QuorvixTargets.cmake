@@ -46,5 +46,5 @@ function(quorvix_register_test name)
     file(CHMOD ${home} DIRECTORY_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
     add_test(NAME ${name} COMMAND ${ARG_COMMAND})
     set_tests_properties(${name} PROPERTIES TIMEOUT ${ARG_TIMEOUT} ENVIRONMENT
-        "QT_QPA_PLATFORM=offscreen;XDG_RUNTIME_DIR=${home};XDG_CONFIG_HOME=${home};HOME=${home};LC_ALL=C.UTF-8;QT_QUICK_BACKEND=software;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
+        "QT_QPA_PLATFORM=offscreen;XDG_RUNTIME_DIR=${home};XDG_CONFIG_HOME=${home};HOME=${home};LC_ALL=C.UTF-8;LANGUAGE=;QT_QUICK_BACKEND=software;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0")
 endfunction()

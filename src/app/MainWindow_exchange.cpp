@@ -55,10 +55,10 @@ bool MainWindow::settleOutstandingCommand(ComioInterfaceCommand_TypeDef command)
     if (messageState.timer)
         messageState.timer->stop();
     m_status.setBusy(false);
-    return !rejected || messagebox::accepted(this, {QStringLiteral("Command rejected"),
-                                                    QStringLiteral("<p>Command was rejected</p>"),
-                                                    QMessageBox::Ok, QMessageBox::Ok,
-                                                    messagebox::TitleBar::WithoutCloseButton});
+    return !rejected ||
+           messagebox::accepted(this, {tr("Command rejected"), tr("<p>Command was rejected</p>"),
+                                       QMessageBox::Ok, QMessageBox::Ok,
+                                       messagebox::TitleBar::WithoutCloseButton});
 }
 
 void MainWindow::slotNewMessageReceived(ComioInterfaceCommand_TypeDef command,

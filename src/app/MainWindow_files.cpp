@@ -71,9 +71,9 @@ void MainWindow::requestConfig_qx_blend_zoom()
 
 void MainWindow::on_btnSetConf_clicked()
 {
-    if (!confirmed(this, QStringLiteral("Save configuration"),
-                   QStringLiteral("<p>You are going to save a new configuration.<br>The device "
-                                  "will be restartet.<br>Are you sure to proceed?</p>")))
+    if (!confirmed(this, tr("Save configuration"),
+                   tr("<p>You are going to save a new configuration.<br>The device "
+                      "will be restartet.<br>Are you sure to proceed?</p>")))
         return;
     switch (m_devices->getDevice()) {
     case KovoDevice_QXBlendZoom:
@@ -105,7 +105,7 @@ void MainWindow::setConfig_qx_blend_zoom()
 void MainWindow::setConfig_qx_2_0()
 {
     const QString path = QFileDialog::getSaveFileName(
-        this, QStringLiteral("Save File"), QStringLiteral("QXCONFIG.BIN"), QStringLiteral(".BIN"));
+        this, tr("Save File"), QStringLiteral("QXCONFIG.BIN"), QStringLiteral(".BIN"));
     // No layout of the 2.0 record is known: the file is a record of zeros. What an existing file
     // holds beyond it stays.
     const std::array<char, sizeof(thermalCommPacket_Blend_R8_TypeDef)> record{};
@@ -121,7 +121,7 @@ void MainWindow::on_actionOpen_triggered()
 {
     QFileDialog dialog(this);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setNameFilter(QStringLiteral("Binary files (*.bin *.BIN)"));
+    dialog.setNameFilter(tr("Binary files (*.bin *.BIN)"));
     dialog.setViewMode(QFileDialog::Detail);
     const QString path = chosenFile(dialog);
     if (!path.isEmpty())
@@ -138,9 +138,9 @@ void MainWindow::loadConfigurationFile(const QString &path)
     parseUnknownControlStruct(QVector<unsigned char>(bytes.begin(), bytes.end()));
     file.close();
     if (m_serial->isOpen() &&
-        confirmed(this, QStringLiteral("Configuration loaded"),
-                  QStringLiteral("<p>The new configuration was succesfully loaded.<br>Do you "
-                                 "want to save the settings on your device?</p>")))
+        confirmed(this, tr("Configuration loaded"),
+                  tr("<p>The new configuration was succesfully loaded.<br>Do you "
+                     "want to save the settings on your device?</p>")))
         on_btnSetConf_clicked();
 }
 
@@ -149,7 +149,7 @@ void MainWindow::on_actionSave_triggered()
     QFileDialog dialog(this);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setNameFilter(QStringLiteral("Binary files (*bin *.BIN)"));
+    dialog.setNameFilter(tr("Binary files (*bin *.BIN)"));
     dialog.setViewMode(QFileDialog::List);
     const QString path = chosenFile(dialog);
     if (!path.isEmpty())

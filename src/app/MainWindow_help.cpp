@@ -55,7 +55,7 @@ void MainWindow::createShortcuts()
     m_ui->pbLivePreview->setShortcut(Qt::Key_F6);
     // Beside the button: it loses a shortcut of its own when its text changes.
     new QShortcut(Qt::CTRL + Qt::Key_K, m_ui->btConnectDisconnect, SLOT(click()));
-    new QShortcut(Qt::ALT + Qt::Key_F, this,
+    new QShortcut(QKeySequence(tr("Alt+F", "opens the File menu")), this,
                   [this] { m_ui->menuBar->setActiveAction(m_ui->menuFile->menuAction()); });
     for (int tab = 0; tab < m_ui->tabWidget->count(); ++tab)
         new QShortcut(Qt::CTRL + Qt::Key_1 + tab, this,

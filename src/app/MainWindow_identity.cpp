@@ -27,9 +27,11 @@ struct Model
 constexpr Model models[] = {
     {KovoDevice_QX20, "Quorvix 2.0", nullptr, 0, nullptr},
     {KovoDevice_QXBlend, "Quorvix Blend", "QX Blend", 20170807,
-     "<p>Outdated firmware detected.<br>Please update the firmware.</p>"},
+     QT_TRANSLATE_NOOP("MainWindow",
+                       "<p>Outdated firmware detected.<br>Please update the firmware.</p>")},
     {KovoDevice_QXBlendZoom, "Quorvix Blend Zoom", "QX Blend Zoom", 20180122,
-     "<p>Outdated firmware detected.<br>Please update to firmware 1.4.x.</p>"},
+     QT_TRANSLATE_NOOP("MainWindow",
+                       "<p>Outdated firmware detected.<br>Please update to firmware 1.4.x.</p>")},
 };
 
 const Model *modelOfKey(quint32 key)
@@ -104,9 +106,9 @@ void MainWindow::parseDeviceID(QVector<unsigned char> payload)
             "<<< MainWindow::parseDeviceID() could not parse struct, unknown device"));
         return;
     }
-    m_ui->statusBar->showMessage(QStringLiteral("Device ID: ") +
-                                 QString::fromLatin1(model->shortName) +
-                                 QStringLiteral("   Serial: ") + serialNumber(payload));
+    m_ui->statusBar->showMessage(
+        tr("Device ID: %1   Serial: %2")
+            .arg(QString::fromLatin1(model->shortName), serialNumber(payload)));
     checkFirmwareDate(firmwareDate);
     requestConfig(static_cast<KovoDeviceCRCKey_TypeDef>(key));
 }
@@ -150,9 +152,9 @@ bool MainWindow::checkFirmwareDate(unsigned int firmwareDate)
     if (model->minimumFirmwareDate <= firmwareDate)
         return true;
     diagnostics::out(QStringLiteral("<<< firmwaredate is to old"));
-    return messagebox::accepted(
-        this, {tr("Firmware outdated"), QString::fromLatin1(model->outdatedFirmware),
-               QMessageBox::Ok, QMessageBox::Ok, messagebox::TitleBar::WithoutCloseButton});
+    return messagebox::accepted(this, {tr("Firmware outdated"), tr(model->outdatedFirmware),
+                                       QMessageBox::Ok, QMessageBox::Ok,
+                                       messagebox::TitleBar::WithoutCloseButton});
 }
 
 bool MainWindow::changeDeviceName(const QString &name)

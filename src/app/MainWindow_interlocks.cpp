@@ -188,8 +188,8 @@ void MainWindow::on_cbHDMIVideoMode_activated(const QString &)
 {
     m_ui->pbLivePreview->setEnabled(false);
     QMessageBox box(this);
-    box.setText(QStringLiteral("<p>Change of video output requires you<br>to turn the device off "
-                               "and on again.</p>"));
+    box.setText(tr("<p>Change of video output requires you<br>to turn the device off "
+                   "and on again.</p>"));
     box.exec();
 }
 

@@ -240,8 +240,7 @@ void MainWindow::showOpenFailure(const QString &port)
 void MainWindow::slotPortConnectionChanged(bool)
 {
     const bool open = m_serial->isOpen();
-    m_ui->btConnectDisconnect->setText(open ? QStringLiteral("Disconnect")
-                                            : QStringLiteral("Connect"));
+    m_ui->btConnectDisconnect->setText(open ? tr("Disconnect") : tr("Connect"));
     if (open) {
         send(COMIO_CMD_GET_DEVICE_ID);
         if (!m_serial->isOpen())

@@ -1,9 +1,11 @@
 #include "app/MainWindow.h"
+#include "app/translation.h"
 #include "diagnostics/diagnostics.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QIcon>
+#include <QLocale>
 #include <QQuickWindow>
 #include <QSGRendererInterface>
 
@@ -83,6 +85,7 @@ int main(int argc, char *argv[])
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(argc, argv);
     const Options options = optionsOf(application);
+    translation::install(QLocale::system());
     // Desktops that take a window's icon and name from its entry in the menu find it by this name.
     QGuiApplication::setDesktopFileName(QStringLiteral("example.quorvix.Config"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/quorvix-config.svg")));

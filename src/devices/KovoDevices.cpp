@@ -83,12 +83,10 @@ void KovoDevices::showDialog(KovoDevices_ShowDialogMode_TypeDef mode)
         QStringLiteral("KovoDevices::showDialog(%1) ").arg(static_cast<int>(mode)));
     QMessageBox box;
     if (mode == ShowDialog_SoftwareOutdated)
-        box.setText(
-            QStringLiteral("This software tool is outdated.\n Please download a new version "
-                           "of this software at\nhttps://www.quorvix.example/download."));
+        box.setText(tr("This software tool is outdated.\n Please download a new version "
+                       "of this software at\nhttps://www.quorvix.example/download."));
     else if (mode == ShowDialog_FirmwareOutdated)
-        box.setText(QStringLiteral(
-            "The device firmware is outdated.\n Please update the device firmware."));
+        box.setText(tr("The device firmware is outdated.\n Please update the device firmware."));
     else
         return;
     box.exec();

@@ -127,11 +127,10 @@ bool FactorySettings::parseFactorySettings_QXBlendZoom(FactorySettings_QXBlendZo
 {
     showSerialNumber(record->device_serial_number);
 
-    if (!messagebox::accepted(
-            this, {QStringLiteral("Read Settings?"),
-                   QStringLiteral("<p>Do you want to replace the currect GUI settings?</p>"),
-                   QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok,
-                   messagebox::TitleBar::WithoutContextHelpButton}))
+    if (!messagebox::accepted(this, {tr("Read Settings?"),
+                                     tr("<p>Do you want to replace the currect GUI settings?</p>"),
+                                     QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok,
+                                     messagebox::TitleBar::WithoutContextHelpButton}))
         return false;
 
     for (size_t zoom = 0; zoom < record->hdmi_displacement.size(); ++zoom) {

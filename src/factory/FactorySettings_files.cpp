@@ -124,7 +124,7 @@ void FactorySettings::readFile()
     out(QStringLiteral("FactorySettings::readFile()"));
     QFileDialog dialog(this);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setNameFilter(QStringLiteral("Data files (*.dat *.DAT)"));
+    dialog.setNameFilter(tr("Data files (*.dat *.DAT)"));
     const QString path = chosenPath(dialog);
     if (!path.isEmpty())
         loadFile(path);

@@ -3,13 +3,12 @@
 #include "factory/LiveEdit.h"
 #include "sbus/sbusTester.h"
 #include "support/formundertest.h"
+#include "support/mnemonics.h"
 
 #include <QCheckBox>
-#include <QGroupBox>
 #include <QLCDNumber>
 #include <QLabel>
 #include <QListWidget>
-#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QSet>
 #include <QShortcut>
@@ -39,7 +38,6 @@ private:
     static void addModels();
     static QWidget *windowOf(FormUnderTest &form, const QString &name);
     static QList<QWidget *> inputsOf(QWidget *window);
-    static QMap<QString, QStringList> visibleMnemonics(QWidget *window);
 };
 
 namespace {
@@ -50,11 +48,6 @@ bool isPart(const QWidget *widget)
     return widget->objectName().isEmpty() || widget->objectName().startsWith("qt_") ||
            qobject_cast<const QTabBar *>(widget->parentWidget()) != nullptr ||
            qobject_cast<const QAbstractSpinBox *>(widget->parentWidget()) != nullptr;
-}
-
-QString mnemonicOf(const QString &text)
-{
-    return QKeySequence::mnemonic(text).toString();
 }
 
 } // namespace
@@ -125,35 +118,6 @@ void tst_accessibility::everyInputHasANameAndATooltip()
     }
 }
 
-/// Texts of a window that carry each mnemonic, as far as they are on the screen.
-QMap<QString, QStringList> tst_accessibility::visibleMnemonics(QWidget *window)
-{
-    QMap<QString, QStringList> taken;
-    const auto take = [&](const QString &text) {
-        if (const QString key = mnemonicOf(text); !key.isEmpty())
-            taken[key] << text;
-    };
-    for (const QLabel *label : window->findChildren<QLabel *>())
-        if (label->window() == window && label->isVisible() && label->buddy())
-            take(label->text());
-    for (const QAbstractButton *button : window->findChildren<QAbstractButton *>())
-        if (button->window() == window && button->isVisible())
-            take(button->text());
-    for (const QGroupBox *box : window->findChildren<QGroupBox *>())
-        if (box->window() == window && box->isVisible())
-            take(box->title());
-    for (const QTabWidget *tabs : window->findChildren<QTabWidget *>())
-        for (int i = 0; tabs->window() == window && tabs->isVisible() && i < tabs->count(); ++i)
-            take(tabs->tabText(i));
-    for (const QMenuBar *bar : window->findChildren<QMenuBar *>())
-        for (const QAction *action : bar->actions())
-            take(action->text());
-    for (const QShortcut *shortcut : window->findChildren<QShortcut *>())
-        if (shortcut->key()[0] & Qt::ALT)
-            taken[shortcut->key().toString()] << QStringLiteral("(shortcut)");
-    return taken;
-}
-
 void tst_accessibility::visibleMnemonicsAreUnique()
 {
     QFETCH(quint32, model);
@@ -168,10 +132,7 @@ void tst_accessibility::visibleMnemonicsAreUnique()
         for (int i = 0; i < (tabs ? tabs->count() : 1); ++i) {
             if (tabs)
                 tabs->setCurrentIndex(i);
-            const QMap<QString, QStringList> taken = visibleMnemonics(window);
-            for (const QStringList &texts : taken)
-                QVERIFY2(texts.count() == 1,
-                         qPrintable(window->objectName() + ": " + texts.join(", ")));
+            QCOMPARE(mnemonics::clashes(window), QStringList());
         }
     }
 }
@@ -209,7 +170,7 @@ void tst_accessibility::underlinedLettersLeaveTheirLabelsWhole()
         tabs->setCurrentIndex(page);
         QApplication::processEvents();
         for (const QLabel *label : tabs->currentWidget()->findChildren<QLabel *>()) {
-            if (!label->isVisible() || mnemonicOf(label->text()).isEmpty())
+            if (!label->isVisible() || QKeySequence::mnemonic(label->text()).isEmpty())
                 continue;
             QLabel twin(label->text());
             twin.setBuddy(label->buddy());

@@ -464,6 +464,50 @@ private slots:
         QCOMPARE(session.display.find(opens), xcb_window_t(0));
     }
 
+    void languageIsThatOfTheLocale_data()
+    {
+        QTest::addColumn<QString>("variable");
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QByteArray>("title");
+        const QByteArray english = "Quorvix - Configuration - 2.19";
+        const QByteArray german = "Quorvix - Konfiguration - 2.19";
+        QTest::newRow("German") << "LANG"
+                                << "de_DE.UTF-8" << german;
+        QTest::newRow("German messages alone") << "LC_MESSAGES"
+                                               << "de_AT.UTF-8" << german;
+        QTest::newRow("German numbers alone") << "LC_NUMERIC"
+                                              << "de_DE.UTF-8" << english;
+        QTest::newRow("French") << "LANG"
+                                << "fr_FR.UTF-8" << english;
+        QTest::newRow("C") << "LANG"
+                           << "C" << english;
+    }
+    void languageIsThatOfTheLocale()
+    {
+        QFETCH(QString, variable);
+        QFETCH(QString, value);
+        QFETCH(QByteArray, title);
+        if (QStandardPaths::findExecutable("Xvfb").isEmpty())
+            QSKIP("needs Xvfb");
+        Display display;
+        QVERIFY(display.start());
+        QProcessEnvironment environment = withoutDisplay();
+        for (const char *name : {"LC_ALL", "LC_MESSAGES", "LC_NUMERIC", "LANG", "LANGUAGE"})
+            environment.remove(QString::fromLatin1(name));
+        environment.insert(variable, value);
+        environment.insert("QT_QPA_PLATFORM", "xcb");
+        environment.insert("DISPLAY", display.name());
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(program, QStringList());
+        xcb_window_t window = 0;
+        QTRY_VERIFY_WITH_TIMEOUT((window = display.find(title)) != 0, 20000);
+        display.close(window);
+        QVERIFY(process.waitForFinished(20000));
+        QCOMPARE(process.exitCode(), 0);
+        QCOMPARE(process.readAllStandardError(), QByteArray());
+    }
+
     void windowEndsSilentlyUnshown()
     {
         CapturedDiagnostics lines;
