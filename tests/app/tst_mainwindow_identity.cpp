@@ -31,11 +31,12 @@ private slots:
         QTest::addColumn<QString>("status");
         QTest::addColumn<QSet<QString>>("shown");
         QTest::newRow("Blend, oldest firmware that will do")
-            << blendKey << 20170807U << "Device ID: QX Blend   Serial: 1701234" << blendWidgets;
+            << keyBlend << 20170807U << "Device ID: QX Blend   Serial: 1701234" << blendWidgets;
         QTest::newRow("Blend Zoom, oldest firmware that will do")
-            << zoomKey << 20180122U << "Device ID: QX Blend Zoom   Serial: 1701234" << zoomWidgets;
+            << keyBlendZoom << 20180122U << "Device ID: QX Blend Zoom   Serial: 1701234"
+            << zoomWidgets;
         QTest::newRow("the date is unsigned")
-            << zoomKey << 0xFFFFFFFFU << "Device ID: QX Blend Zoom   Serial: 1701234"
+            << keyBlendZoom << 0xFFFFFFFFU << "Device ID: QX Blend Zoom   Serial: 1701234"
             << zoomWidgets;
     }
     void identityDrivesFormStatusAndRequest()
@@ -62,11 +63,11 @@ private slots:
     {
         ModelWindow tool;
         CameraEnd camera;
-        QVERIFY(tool.chooseModel(zoomKey));
+        QVERIFY(tool.chooseModel(keyBlendZoom));
         QVERIFY(tool.connectTo(camera.path()));
         tool.widget("gbTestModes")->hide();
         tool.lines.clear();
-        camera.send(216, CameraEnd::identity(zoomKey));
+        camera.send(216, CameraEnd::identity(keyBlendZoom));
         QTRY_COMPARE(camera.count(102), 1);
         QVERIFY(tool.hidden("gbTestModes"));              // not laid out again
         QCOMPARE(tool.lines.out(), QStringLiteral("\n")); // and no name is looked up aloud
@@ -77,9 +78,9 @@ private slots:
     {
         ModelWindow tool;
         CameraEnd camera;
-        QVERIFY(tool.chooseModel(blendKey));
+        QVERIFY(tool.chooseModel(keyBlend));
         QVERIFY(tool.connectTo(camera.path()));
-        camera.send(216, CameraEnd::identity(zoomKey));
+        camera.send(216, CameraEnd::identity(keyBlendZoom));
         QTRY_COMPARE(tool.shownModelWidgets(), zoomWidgets);
         QCOMPARE(tool.deviceIndex(), 1);
     }
@@ -89,7 +90,7 @@ private slots:
         QTest::addColumn<QByteArray>("payload");
         QTest::addColumn<QString>("serial");
         QTest::addColumn<int>("errors");
-        const QByteArray head = CameraEnd::identity(blendKey).left(8);
+        const QByteArray head = CameraEnd::identity(keyBlend).left(8);
         QTest::newRow("terminated") << head + QByteArray("AB-12\0xy", 8) << "AB-12" << 0;
         QTest::newRow("empty") << head + QByteArray(4, '\0') << "" << 0;
         QTest::newRow("cut at the payload's end") << head + QByteArray("1234") << "1234" << 1;
@@ -100,7 +101,7 @@ private slots:
         QFETCH(QByteArray, payload);
         QFETCH(QString, serial);
         ModelWindow tool;
-        QVERIFY(tool.chooseModel(blendKey));
+        QVERIFY(tool.chooseModel(keyBlend));
         tool.lines.clear();
         tool.window.parseDeviceID(records::payload(payload));
         QCOMPARE(tool.status(), QStringLiteral("Device ID: QX Blend   Serial: ") + serial);
@@ -126,7 +127,7 @@ private slots:
 
     void shortIdentityIsRefused()
     {
-        const QByteArray whole = CameraEnd::identity(blendKey);
+        const QByteArray whole = CameraEnd::identity(keyBlend);
         for (int size = 0; size < 8; ++size) {
             ModelWindow tool;
             tool.window.parseDeviceID(records::payload(whole.left(size)));
@@ -142,7 +143,7 @@ private slots:
         CameraEnd camera;
         QVERIFY(tool.connectTo(camera.path()));
         QTRY_COMPARE(camera.count(116), 1);
-        camera.send(216, CameraEnd::identity(qx20Key));
+        camera.send(216, CameraEnd::identity(key20));
         QTRY_COMPARE(tool.lines.out(), QStringLiteral("\n"));
         QVERIFY(tool.lines.err().endsWith(
             "<<< MainWindow::parseDeviceID() could not parse struct, unknown device\n"));
@@ -160,13 +161,13 @@ private slots:
         QTest::addColumn<quint32>("firmware");
         QTest::addColumn<QString>("text");
         QTest::newRow("Blend")
-            << blendKey << 20170806U
+            << keyBlend << 20170806U
             << "<p>Outdated firmware detected.<br>Please update the firmware.</p>";
         QTest::newRow("Blend Zoom")
-            << zoomKey << 20180121U
+            << keyBlendZoom << 20180121U
             << "<p>Outdated firmware detected.<br>Please update to firmware 1.4.x.</p>";
         QTest::newRow("Blend Zoom with what a Blend may have")
-            << zoomKey << 20170807U
+            << keyBlendZoom << 20170807U
             << "<p>Outdated firmware detected.<br>Please update to firmware 1.4.x.</p>";
     }
     void oldFirmwareShowsABox()
@@ -217,11 +218,11 @@ private slots:
     {
         ModelWindow tool;
         CameraEnd camera;
-        QVERIFY(tool.chooseModel(blendKey));
+        QVERIFY(tool.chooseModel(keyBlend));
         QVERIFY(tool.connectTo(camera.path()));
         tool.lines.clear();
         modal::Answer<QMessageBox> answer(modal::cancel<QMessageBox>());
-        camera.send(216, CameraEnd::identity(blendKey, 20170806));
+        camera.send(216, CameraEnd::identity(keyBlend, 20170806));
         QTRY_COMPARE(camera.count(102), 1);
         QCOMPARE(tool.lines.out(), QStringLiteral("<<< firmwaredate is to old\n"
                                                   "<<< dialog rejected\n\n"));
@@ -233,13 +234,13 @@ private slots:
         QVERIFY(!tool.window.checkFirmwareDate(20200101));
         QCOMPARE(tool.lines.err(),
                  QStringLiteral("MainWindow::checkFirmwareDate() Device unknown\n"));
-        tool.chooseModel(qx20Key);
+        tool.chooseModel(key20);
         tool.lines.clear();
         QVERIFY(!tool.window.checkFirmwareDate(20200101));
         QCOMPARE(tool.lines.err(),
                  QStringLiteral("MainWindow::checkFirmwareDate() Device unknown\n"));
 
-        QVERIFY(tool.chooseModel(zoomKey));
+        QVERIFY(tool.chooseModel(keyBlendZoom));
         tool.lines.clear();
         QVERIFY(tool.window.checkFirmwareDate(20180122));
         QVERIFY(tool.lines.out().isEmpty());
@@ -308,7 +309,7 @@ private slots:
                "KovoDevices::isValidControlStruct() Device is not known\n"
             << "";
         QTest::newRow("Quorvix 2.0")
-            << with(blend, 0, qx20Key) << ""
+            << with(blend, 0, key20) << ""
             << "KovoDevices::isValidControlStruct()  Device not implemented\n"
             << "";
         QTest::newRow("Blend, newer record")
@@ -348,7 +349,7 @@ private slots:
         QFETCH(QString, box);
         ModelWindow tool;
         CameraEnd camera;
-        QVERIFY(tool.chooseModel(blendKey));
+        QVERIFY(tool.chooseModel(keyBlend));
         QVERIFY(tool.connectTo(camera.path()));
         // The check of the first request comes before the record.
         QTRY_VERIFY(tool.lines.err().endsWith("Message was not send\n"));
@@ -411,8 +412,8 @@ private slots:
     void configurationIsRequestedOfTheBlendModels_data()
     {
         QTest::addColumn<quint32>("key");
-        QTest::newRow("Blend") << blendKey;
-        QTest::newRow("Blend Zoom") << zoomKey;
+        QTest::newRow("Blend") << keyBlend;
+        QTest::newRow("Blend Zoom") << keyBlendZoom;
     }
     void configurationIsRequestedOfTheBlendModels()
     {

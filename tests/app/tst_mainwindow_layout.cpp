@@ -41,8 +41,8 @@ private slots:
         QTest::addColumn<QStringList>("ext0");
         QTest::addColumn<QStringList>("ext1");
         QTest::addColumn<int>("index");
-        QTest::newRow("Blend") << blendKey << blendWidgets << blendExt0 << blendExt1 << 0;
-        QTest::newRow("Blend Zoom") << zoomKey << zoomWidgets << zoomExt0 << zoomExt1 << 1;
+        QTest::newRow("Blend") << keyBlend << blendWidgets << blendExt0 << blendExt1 << 0;
+        QTest::newRow("Blend Zoom") << keyBlendZoom << zoomWidgets << zoomExt0 << zoomExt1 << 1;
     }
     void formShowsExactlyTheWidgetsOfTheModel()
     {
@@ -68,12 +68,12 @@ private slots:
     {
         ModelWindow tool;
         for (int round = 0; round < 2; ++round) {
-            QVERIFY(tool.chooseModel(blendKey));
+            QVERIFY(tool.chooseModel(keyBlend));
             QCOMPARE(tool.shownModelWidgets(), blendWidgets);
             QCOMPARE(tool.items("cBext0mode"), blendExt0);
             QCOMPARE(tool.items("cBext1mode"), blendExt1);
             QCOMPARE(tool.deviceIndex(), 0);
-            QVERIFY(tool.chooseModel(zoomKey));
+            QVERIFY(tool.chooseModel(keyBlendZoom));
             QCOMPARE(tool.shownModelWidgets(), zoomWidgets);
             QCOMPARE(tool.items("cBext0mode"), zoomExt0);
             QCOMPARE(tool.items("cBext1mode"), zoomExt1);
@@ -93,10 +93,10 @@ private slots:
     {
         QTest::addColumn<quint32>("key");
         QTest::addColumn<bool>("installed");
-        QTest::newRow("Blend, installed") << blendKey << true;
-        QTest::newRow("Blend, not installed") << blendKey << false;
-        QTest::newRow("Blend Zoom, installed") << zoomKey << true;
-        QTest::newRow("Blend Zoom, not installed") << zoomKey << false;
+        QTest::newRow("Blend, installed") << keyBlend << true;
+        QTest::newRow("Blend, not installed") << keyBlend << false;
+        QTest::newRow("Blend Zoom, installed") << keyBlendZoom << true;
+        QTest::newRow("Blend Zoom, not installed") << keyBlendZoom << false;
     }
     void shutterOptionsFollowTheInstalledShutter()
     {
@@ -108,10 +108,10 @@ private slots:
         QWidget *options = tool.widget("gb_pheriphery_externalshutteroptions");
         QCOMPARE(options->isHidden(), !installed);
         QCOMPARE(options->isEnabledTo(&tool.window), installed);
-        QVERIFY(tool.chooseModel(key == zoomKey ? blendKey : zoomKey));
+        QVERIFY(tool.chooseModel(key == keyBlendZoom ? keyBlend : keyBlendZoom));
         QCOMPARE(options->isHidden(), !installed);
         QCOMPARE(options->isEnabledTo(&tool.window), installed);
-        tool.chooseModel(qx20Key);
+        tool.chooseModel(key20);
         QVERIFY(options->isHidden());
     }
 
@@ -120,7 +120,7 @@ private slots:
         // The slot announces the model and runs again inside its own announcement. The second pass
         // finds the model set. The Blend's item is the current one: nothing else asks.
         ModelWindow tool;
-        QVERIFY(tool.chooseModel(blendKey));
+        QVERIFY(tool.chooseModel(keyBlend));
         QCOMPARE(tool.lines.err(), unnecessaryCall);
         QCOMPARE(tool.lines.out(), QStringLiteral("<<< QX Blend\n<<< QX Blend\n"));
     }
@@ -128,12 +128,12 @@ private slots:
     void modelThatMovesTheListAsksOnceMore()
     {
         ModelWindow tool;
-        QVERIFY(tool.chooseModel(zoomKey));
+        QVERIFY(tool.chooseModel(keyBlendZoom));
         QCOMPARE(tool.lines.err(), unnecessaryCall + unnecessaryCall);
         QCOMPARE(tool.lines.out(), QStringLiteral("<<< QX Blend Zoom\n<<< QX Blend Zoom\n"));
         QCOMPARE(tool.deviceIndex(), 1);
         tool.lines.clear();
-        QVERIFY(tool.chooseModel(blendKey));
+        QVERIFY(tool.chooseModel(keyBlend));
         QCOMPARE(tool.lines.err(), unnecessaryCall + unnecessaryCall);
         QCOMPARE(tool.deviceIndex(), 0);
     }
@@ -141,10 +141,10 @@ private slots:
     void sameModelAgainIsLaidOutOnce()
     {
         ModelWindow tool;
-        QVERIFY(tool.chooseModel(zoomKey));
+        QVERIFY(tool.chooseModel(keyBlendZoom));
         tool.widget("gbTestModes")->hide();
         tool.lines.clear();
-        QVERIFY(tool.chooseModel(zoomKey));
+        QVERIFY(tool.chooseModel(keyBlendZoom));
         QCOMPARE(tool.lines.err(), unnecessaryCall);
         QCOMPARE(tool.lines.out(), QStringLiteral("<<< QX Blend Zoom\n"));
         QCOMPARE(tool.shownModelWidgets(), zoomWidgets);
@@ -154,9 +154,9 @@ private slots:
     void quorvix20HidesEverythingAndFails()
     {
         ModelWindow tool;
-        QVERIFY(tool.chooseModel(zoomKey));
+        QVERIFY(tool.chooseModel(keyBlendZoom));
         tool.lines.clear();
-        QVERIFY(!tool.chooseModel(qx20Key));
+        QVERIFY(!tool.chooseModel(key20));
         QVERIFY(tool.shownModelWidgets().isEmpty());
         QVERIFY(tool.items("cBext0mode").isEmpty());
         QVERIFY(tool.items("cBext1mode").isEmpty());
@@ -171,7 +171,7 @@ private slots:
                 QStringLiteral("FactorySettings::slotDeviceChanged() Device not implemented\n") +
                 pass);
         QVERIFY(tool.lines.out().isEmpty());
-        QVERIFY(tool.chooseModel(zoomKey));
+        QVERIFY(tool.chooseModel(keyBlendZoom));
         QCOMPARE(tool.shownModelWidgets(), zoomWidgets);
     }
 
@@ -186,7 +186,7 @@ private slots:
     {
         QFETCH(quint32, key);
         ModelWindow tool;
-        QVERIFY(tool.chooseModel(zoomKey));
+        QVERIFY(tool.chooseModel(keyBlendZoom));
         tool.lines.clear();
         QVERIFY(!tool.chooseModel(key));
         QCOMPARE(tool.lines.err(), QStringLiteral("<<< not a valid device id\n"));
@@ -235,8 +235,8 @@ private slots:
         QTest::addColumn<quint32>("shownKey");
         QTest::addColumn<QSet<QString>>("shown");
         QTest::addColumn<QString>("name");
-        QTest::newRow("Blend") << blendKey << blendWidgets << "QX Blend";
-        QTest::newRow("Blend Zoom") << zoomKey << zoomWidgets << "QX Blend Zoom";
+        QTest::newRow("Blend") << keyBlend << blendWidgets << "QX Blend";
+        QTest::newRow("Blend Zoom") << keyBlendZoom << zoomWidgets << "QX Blend Zoom";
     }
     void pickingTheShownModelReplacesThe20()
     {
@@ -244,7 +244,7 @@ private slots:
         QFETCH(QString, name);
         ModelWindow tool;
         QVERIFY(tool.chooseModel(shownKey));
-        QVERIFY(!tool.chooseModel(qx20Key)); // has no item: the list keeps the last one
+        QVERIFY(!tool.chooseModel(key20)); // has no item: the list keeps the last one
         tool.lines.clear();
         auto *list = tool.get<QComboBox>("cBDevice");
         QSignalSpy activated(list, SIGNAL(activated(int)));
@@ -301,7 +301,7 @@ private slots:
         bool result = true;
         QVERIFY(QMetaObject::invokeMethod(&tool.window, "changeDeviceCRC",
                                           Q_RETURN_ARG(bool, result),
-                                          Q_ARG(unsigned int, blendKey)));
+                                          Q_ARG(unsigned int, keyBlend)));
         QVERIFY(!result);
         QCOMPARE(
             tool.lines.err(),

@@ -1,17 +1,12 @@
 #include "simulator/Camera.h"
 #include "simulator/DefaultRecords.h"
 
+#include "support/records.h"
 #include "support/wire.h"
 
 #include <QtTest>
 
 namespace {
-
-QByteArray resealed(QByteArray record)
-{
-    record.chop(2);
-    return record + wire::littleEndian<quint16>(wire::recordCrc(record));
-}
 
 QByteArray with(QByteArray record, int offset, const QByteArray &bytes)
 {
@@ -96,7 +91,7 @@ private slots:
         QCOMPARE(answer.command, 202U);
         QCOMPARE(answer.payload.size(), size);
         QCOMPARE(answer.payload.left(12), header);
-        QCOMPARE(answer.payload, resealed(answer.payload));
+        QCOMPARE(answer.payload, records::sealed(answer.payload));
         QCOMPARE(answer.payload.mid(12, 4), wire::littleEndian<quint32>(115200));
         QCOMPARE(int(answer.payload.at(17)), 1);
         const auto low = qFromLittleEndian<quint16>(answer.payload.constData() + jointOffset);
@@ -140,7 +135,7 @@ private slots:
         QFETCH(QString, model);
         Bench bench(model);
         const QByteArray record =
-            resealed(with(bench.camera.handle(102, {}).payload, 26, wire::littleEndian(77)));
+            records::sealed(with(bench.camera.handle(102, {}).payload, 26, wire::littleEndian(77)));
         const auto answer = bench.camera.handle(101, padded(record));
         QCOMPARE(answer.command, 201U);
         QCOMPARE(answer.payload, QByteArray());
@@ -164,14 +159,17 @@ private slots:
             row("one byte short", good.chopped(1), "bytes instead of");
             row("four bytes long", padded(good) + QByteArray(4, '\0'), "bytes instead of");
             row("record of the other model", other, "bytes instead of");
-            row("key", resealed(with(good, 0, wire::littleEndian(0xA0AF139FU))), "device key");
-            row("data length", resealed(with(good, 4, wire::littleEndian(192))), "data length");
+            row("key", records::sealed(with(good, 0, wire::littleEndian(0xA0AF139FU))),
+                "device key");
+            row("data length", records::sealed(with(good, 4, wire::littleEndian(192))),
+                "data length");
             row("newer version",
-                resealed(
+                records::sealed(
                     with(good, 8,
                          wire::littleEndian(qFromLittleEndian<quint32>(good.constData() + 8) + 1))),
                 "version");
-            row("older version", resealed(with(good, 8, wire::littleEndian(20170101))), "version");
+            row("older version", records::sealed(with(good, 8, wire::littleEndian(20170101))),
+                "version");
             row("one bit of the body", with(good, 100, QByteArray(1, char(good.at(100) ^ 1))),
                 "CRC-16");
             row("one bit of the CRC",
@@ -202,7 +200,7 @@ private slots:
         Bench bench;
         bench.storeWorks = false;
         const QByteArray before = bench.camera.handle(102, {}).payload;
-        const QByteArray record = resealed(with(before, 26, wire::littleEndian(77)));
+        const QByteArray record = records::sealed(with(before, 26, wire::littleEndian(77)));
         QCOMPARE(bench.camera.handle(101, record).command, 301U);
         QCOMPARE(bench.camera.handle(102, {}).payload, before);
         QCOMPARE(bench.camera.handle(110, QByteArray(416, 'x')).command, 310U);
@@ -215,7 +213,7 @@ private slots:
         QFETCH(QString, model);
         Bench bench(model);
         const QByteArray before = bench.camera.handle(102, {}).payload;
-        const QByteArray live = resealed(with(before, 34, wire::littleEndian(99)));
+        const QByteArray live = records::sealed(with(before, 34, wire::littleEndian(99)));
         QCOMPARE(bench.camera.handle(122, padded(live)).command, 222U);
         QCOMPARE(bench.camera.activeConfiguration(), live);
         QCOMPARE(bench.camera.handle(102, {}).payload, before);

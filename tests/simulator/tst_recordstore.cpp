@@ -1,7 +1,7 @@
 #include "simulator/DefaultRecords.h"
 #include "simulator/RecordStore.h"
 
-#include "support/wire.h"
+#include "support/records.h"
 
 #include <QtTest>
 
@@ -11,8 +11,7 @@ QByteArray changedConfiguration(const CameraModel &model)
 {
     QByteArray record = defaultConfiguration(model);
     record[20] = 1;
-    record.chop(2);
-    return record + wire::littleEndian<quint16>(wire::recordCrc(record));
+    return records::sealed(record);
 }
 
 void write(const QString &path, const QByteArray &bytes)

@@ -1,4 +1,5 @@
 #include "support/portlock.h"
+#include "support/records.h"
 #include "support/serialclient.h"
 #include "support/simulatorprocess.h"
 #include "support/wire.h"
@@ -136,7 +137,7 @@ private slots:
         QCOMPARE(answer.command, 202U);
         QCOMPARE(answer.payload.size(), 224);
         const QByteArray record = answer.payload.left(221);
-        QCOMPARE(answer.payload.mid(221, 2), wire::littleEndian(wire::recordCrc(record)));
+        QCOMPARE(answer.payload.mid(221, 2), wire::littleEndian(records::crc16(record)));
         QTRY_COMPARE(simulator.log(),
                      (QStringList{"<- COMIO_CMD_GET_CONFIG (102), 0 bytes",
                                   "-> COMIO_CMD_GET_CONFIG_REPLY_OK (202), 223 bytes"}));
@@ -374,7 +375,7 @@ private slots:
             QVERIFY(client.open(simulator.path()));
             record = client.ask(102).payload.left(221);
             record[87] = 123;
-            record += wire::littleEndian(wire::recordCrc(record));
+            record += wire::littleEndian(records::crc16(record));
             QCOMPARE(client.ask(101, record).command, 201U);
         }
         SimulatorProcess simulator;

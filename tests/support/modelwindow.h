@@ -1,14 +1,15 @@
 #pragma once
 
 #include "support/captureddiagnostics.h"
+#include "support/records.h"
 #include "support/windowundertest.h"
 
 #include <QSet>
 #include <QStatusBar>
 
-inline constexpr quint32 blendKey = 0xC92A6CE6;
-inline constexpr quint32 zoomKey = 0xA0AF139E;
-inline constexpr quint32 qx20Key = 0xA0AF139F;
+using records::key20;
+using records::keyBlend;
+using records::keyBlendZoom;
 
 /// Every widget that comes and goes with the model.
 inline const QSet<QString> modelWidgets = {"gb_pheriphery_externalshutter",

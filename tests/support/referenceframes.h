@@ -47,7 +47,8 @@ inline QByteArray enclose(const QByteArray &region)
     return frame;
 }
 
-inline QByteArray frame(uint32_t command, QByteArray payload, uint32_t part = 1, uint32_t count = 1)
+inline QByteArray frame(uint32_t command, QByteArray payload = {}, uint32_t part = 1,
+                        uint32_t count = 1)
 {
     while (payload.size() % 4 != 0)
         payload.append('\0');
