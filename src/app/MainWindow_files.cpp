@@ -2,6 +2,7 @@
 
 #include "diagnostics/diagnostics.h"
 #include "forms/messagebox.h"
+#include "forms/recordfile.h"
 #include "link/SerialConnection.h"
 #include "records/thermalCommPacket_Blend_R8_TypeDef.h"
 #include "records/thermalCommPacket_Blend_Zoom_R13_TypeDef.h"
@@ -14,15 +15,6 @@
 #include <unistd.h>
 
 namespace {
-
-/// Asks for one file. Empty when the dialog is cancelled.
-QString chosenFile(QFileDialog &dialog)
-{
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
-}
-
-/// More than any record holds: enough to judge a file by, whatever its size.
-constexpr qint64 longestRead = 0x10000;
 
 bool confirmed(QWidget *parent, const QString &title, const QString &text)
 {
@@ -123,20 +115,17 @@ void MainWindow::on_actionOpen_triggered()
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setNameFilter(tr("Binary files (*.bin *.BIN)"));
     dialog.setViewMode(QFileDialog::Detail);
-    const QString path = chosenFile(dialog);
+    const QString path = recordfile::chosen(dialog);
     if (!path.isEmpty())
         loadConfigurationFile(path);
 }
 
 void MainWindow::loadConfigurationFile(const QString &path)
 {
-    QFile file(path);
-    // A pipe would keep the window waiting until somebody writes to it.
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+    const auto bytes = recordfile::read(path);
+    if (!bytes)
         return;
-    const QByteArray bytes = file.read(qMin(file.size(), longestRead));
-    parseUnknownControlStruct(QVector<unsigned char>(bytes.begin(), bytes.end()));
-    file.close();
+    parseUnknownControlStruct(QVector<unsigned char>(bytes->begin(), bytes->end()));
     if (m_serial->isOpen() &&
         confirmed(this, tr("Configuration loaded"),
                   tr("<p>The new configuration was succesfully loaded.<br>Do you "
@@ -151,7 +140,7 @@ void MainWindow::on_actionSave_triggered()
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilter(tr("Binary files (*bin *.BIN)"));
     dialog.setViewMode(QFileDialog::List);
-    const QString path = chosenFile(dialog);
+    const QString path = recordfile::chosen(dialog);
     if (!path.isEmpty())
         saveConfigurationFile(path);
 }

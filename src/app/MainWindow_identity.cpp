@@ -1,13 +1,12 @@
 #include "app/MainWindow.h"
 
+#include "app/keyText.h"
 #include "diagnostics/diagnostics.h"
 #include "forms/messagebox.h"
 #include "link/SerialConnection.h"
 #include "records/thermalCommPacket_Blend_R8_TypeDef.h"
 #include "records/thermalCommPacket_Blend_Zoom_R13_TypeDef.h"
 #include "ui_MainWindow.h"
-
-#include <QMetaEnum>
 
 #include <algorithm>
 #include <cstring>
@@ -67,9 +66,8 @@ QString serialNumber(const QVector<unsigned char> &payload)
 
 void addModes(QComboBox *box, const QVector<MainWindow::extensions> &modes)
 {
-    const auto keys = QMetaEnum::fromType<MainWindow::extensions>();
     for (const MainWindow::extensions mode : modes)
-        box->addItem(QString::fromLatin1(keys.valueToKey(mode)));
+        box->addItem(keyText(mode));
 }
 
 template <class Record>

@@ -1,10 +1,10 @@
 #include "app/MainWindow.h"
 
+#include "app/keyText.h"
 #include "diagnostics/diagnostics.h"
 #include "ui_MainWindow.h"
 
 #include <QMessageBox>
-#include <QMetaEnum>
 
 #include <initializer_list>
 
@@ -168,11 +168,6 @@ void MainWindow::showExternalShutterOptions(bool installed)
 void MainWindow::on_cb_pheriphery_externalshutter_installed_stateChanged(int state)
 {
     const bool installed = state != Qt::Unchecked;
-    const auto keys = QMetaEnum::fromType<extensions>();
-    const auto keyText = [&](extensions mode) {
-        return QString::fromLatin1(keys.valueToKey(mode));
-    };
-
     showExternalShutterOptions(installed);
     m_ui->cBext0mode->setCurrentText(
         keyText(installed ? EXP0_MODE_EXTERNAL_SHUTTER : EXP_MODE_NONE));

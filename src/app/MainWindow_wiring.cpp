@@ -1,5 +1,6 @@
 #include "app/MainWindow.h"
 
+#include "app/keyText.h"
 #include "app/messageState.h"
 #include "factory/FactorySettings.h"
 #include "factory/LiveEdit.h"
@@ -9,7 +10,6 @@
 #include "sbus/sbusTester.h"
 #include "ui_MainWindow.h"
 
-#include <QMetaEnum>
 #include <QStatusTipEvent>
 
 #include <algorithm>
@@ -19,12 +19,6 @@
 namespace {
 
 constexpr char InitialStatus[] = "KoVo";
-
-template <class Enum>
-QString keyText(Enum value)
-{
-    return QString::fromLatin1(QMetaEnum::fromType<Enum>().valueToKey(value));
-}
 
 /// The inputs of forms that stand above one another begin in one line.
 void alignLabels(std::initializer_list<QFormLayout *> forms)

@@ -1,11 +1,11 @@
 #include "diagnostics/diagnostics.h"
 #include "factory/FactorySettings.h"
+#include "forms/recordfile.h"
 #include "ui_FactorySettings.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
-#include <QFileInfo>
 #include <QTextStream>
 
 #include <cstring>
@@ -28,9 +28,6 @@ void reportRows(QTextStream &stream, const QTableWidget *table)
     }
 }
 
-/// More than a record holds: enough to judge a file by, whatever its size.
-constexpr qint64 longestRead = 0x10000;
-
 /// A full disk shows only when the buffered bytes reach it.
 void reportUnwritten(const QFile &file)
 {
@@ -41,10 +38,9 @@ void reportUnwritten(const QFile &file)
 QString chosenPath(QFileDialog &dialog)
 {
     dialog.setViewMode(QFileDialog::Detail);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return {};
-    QString path = dialog.selectedFiles().constFirst();
-    out(QStringLiteral("<<< ") + path);
+    QString path = recordfile::chosen(dialog);
+    if (!path.isEmpty())
+        out(QStringLiteral("<<< ") + path);
     return path;
 }
 
@@ -132,22 +128,20 @@ void FactorySettings::readFile()
 
 void FactorySettings::loadFile(const QString &path)
 {
-    QFile file(path);
-    // A pipe would keep the window waiting until somebody writes to it.
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+    const auto bytes = recordfile::read(path);
+    if (!bytes)
         return;
-    const QByteArray bytes = file.read(qMin(file.size(), longestRead));
     if (activeDevice() != KovoDevice_QXBlendZoom) {
         err(QStringLiteral("FactorySettings::readFile() Device not implemted"));
         return;
     }
     FactorySettings_QXBlendZoom_TypeDef record;
-    if (size_t(bytes.size()) < sizeof(record)) {
+    if (size_t(bytes->size()) < sizeof(record)) {
         err(QStringLiteral("FactorySettings::readFile() File too short: %1 bytes")
-                .arg(bytes.size()));
+                .arg(bytes->size()));
         return;
     }
-    std::memcpy(&record, bytes.constData(), sizeof(record));
+    std::memcpy(&record, bytes->constData(), sizeof(record));
     parseFactorySettings_QXBlendZoom(&record);
 }
 

@@ -7,6 +7,7 @@
 
 #include <cstring>
 
+// Offsets count from the magic.
 static constexpr int MagicSize = 4;
 static constexpr int LengthOffset = 4;
 static constexpr int PartNumberOffset = 8;

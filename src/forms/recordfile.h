@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+class QFileDialog;
+
+/// Files that hold one record.
+namespace recordfile {
+
+/// Runs the dialog; the file or folder chosen, empty after a cancel.
+QString chosen(QFileDialog &dialog);
+
+/// What a regular file holds, at most 64 KiB: more than any record, enough to judge a file by,
+/// whatever its size. Nothing if it cannot be opened, or is a pipe, say, which would keep the
+/// window waiting until somebody writes to it.
+std::optional<QByteArray> read(const QString &path);
+
+} // namespace recordfile
