@@ -303,6 +303,14 @@ private:
         line.slotPacketStateMachine(QByteArray("KOVO\0\0\0\0", 8));
     }
 
+    /// A camera that ended amid a frame leaves the tool waiting for the rest of it, and that
+    /// outlives the connection. So much noise completes or refuses any frame.
+    static void endUnfinishedFrame()
+    {
+        kovoPacketManager line(nullptr);
+        line.slotPacketStateMachine(QByteArray(0x40001, '\0'));
+    }
+
     QByteArray stored(const QString &folder)
     {
         QFile file(folder + (m_operator->zoom ? "/blend-zoom-configuration.bin"
@@ -340,6 +348,7 @@ private:
                               "--model", m_operator->zoom ? "blend-zoom" : "blend"};
         for (const QString &fault : trouble.faults)
             arguments << "--fault" << fault;
+        endUnfinishedFrame();
         QVERIFY(m_camera.start(arguments));
         QVERIFY(m_camera.pauseFaults());
         QVERIFY(connectIfNeeded());
