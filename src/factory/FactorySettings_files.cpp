@@ -83,7 +83,7 @@ void FactorySettings::writeFile(QString dir)
         return;
     QFile file(unitFileName(dir, QStringLiteral(".dat")));
     out(QStringLiteral("<<< ") + file.fileName());
-    if (!file.open(QIODevice::WriteOnly))
+    if (recordfile::isPipe(file.fileName()) || !file.open(QIODevice::WriteOnly))
         return;
     if (activeDevice() != KovoDevice_QXBlendZoom) {
         err(QStringLiteral("<<< not implemeted"));
@@ -102,7 +102,7 @@ void FactorySettings::writeReport(QString dir)
         return;
     QFile file(unitFileName(dir, QStringLiteral(".txt")));
     out(QStringLiteral("<<< ") + file.fileName());
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Text))
+    if (recordfile::isPipe(file.fileName()) || !file.open(QIODevice::WriteOnly | QIODevice::Text))
         return;
     if (activeDevice() != KovoDevice_QXBlendZoom) {
         err(QStringLiteral("<<< not implemeted"));

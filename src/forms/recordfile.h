@@ -18,4 +18,7 @@ QString chosen(QFileDialog &dialog);
 /// window waiting until somebody writes to it.
 std::optional<QByteArray> read(const QString &path);
 
+/// True for a pipe, which would keep the window waiting until somebody reads from it.
+bool isPipe(const QString &path);
+
 } // namespace recordfile

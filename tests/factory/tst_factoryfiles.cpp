@@ -77,6 +77,7 @@ private slots:
     void otherModelsLeaveTwoEmptyFiles();
     void unwritableDirectoryLeavesTheProgramAsItWas();
     void fullDiskIsReported();
+    void pipesAreNotWrittenTo();
     void pathOfTheDirectoryIsCleaned();
     void writingReplacesAnOlderFile();
     void cancelledDirectoryDialogWritesNothing();
@@ -398,6 +399,26 @@ void tst_FactoryFiles::shortFilesAreRefused()
     QVERIFY(w->said.err().contains(QStringLiteral("too short: %1 bytes").arg(size)));
     QCOMPARE(w->cells("tw_QXBZ_hdmi"), before);
     QCOMPARE(w->serialNumber()->text(), QStringLiteral("1700999"));
+}
+
+void tst_FactoryFiles::pipesAreNotWrittenTo()
+{
+    w->devices.setDevice(KovoDevice_QXBlendZoom);
+    for (const char *name : {"1700999.dat", "1700999.txt"}) {
+        const QString pipe = path(name);
+        QFile::remove(pipe); // the other name's turn has written it
+        QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
+        // With a reader, so that a program that opens the pipe all the same does not hang.
+        const int reader = ::open(qPrintable(pipe), O_RDWR | O_NONBLOCK);
+        QVERIFY(reader >= 0);
+        w->dialog.writeFile(dir->path());
+        w->dialog.writeReport(dir->path());
+        char byte = 0;
+        QCOMPARE(::read(reader, &byte, 1), ssize_t(-1));
+        ::close(reader);
+        QVERIFY(QFile::remove(pipe));
+    }
+    QCOMPARE(w->said.err(), QString());
 }
 
 void tst_FactoryFiles::whatIsNoRegularFileIsNotRead()
