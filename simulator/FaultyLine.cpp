@@ -22,9 +22,9 @@ FaultyLine::FaultyLine(PseudoTerminal &line, const Faults &faults, quint32 seed,
 void FaultyLine::send(const QByteArray &frame)
 {
     if (m_paused) {
-        m_waiting.enqueue({0, frame});
+        enqueue({{0, frame}});
     } else {
-        m_waiting.append(m_generator.distort(frame).toList());
+        enqueue(m_generator.distort(frame));
         if (++m_frames == m_faults.hangup)
             emit signalHangupDue();
     }
@@ -32,6 +32,19 @@ void FaultyLine::send(const QByteArray &frame)
         m_next.start(m_waiting.head().delay);
     if (m_next.isActive() && m_next.interval() == 0)
         sendNext();
+}
+
+void FaultyLine::enqueue(const QVector<FaultGenerator::Piece> &pieces)
+{
+    int size = 0;
+    for (const auto &piece : pieces)
+        size += piece.bytes.size();
+    if (m_waitingBytes + size > waitingLimit) {
+        emit signalOverflow();
+        return;
+    }
+    m_waiting.append(pieces.toList());
+    m_waitingBytes += size;
 }
 
 void FaultyLine::begin()
@@ -48,6 +61,7 @@ void FaultyLine::end()
     m_next.stop();
     m_storm.stop();
     m_waiting.clear();
+    m_waitingBytes = 0;
 }
 
 void FaultyLine::setPaused(bool paused)
@@ -75,7 +89,9 @@ void FaultyLine::sendNext()
 {
     m_next.stop();
     do {
-        m_line.write(m_waiting.dequeue().bytes);
+        const QByteArray bytes = m_waiting.dequeue().bytes;
+        m_waitingBytes -= bytes.size();
+        m_line.write(bytes);
     } while (!m_waiting.isEmpty() && m_waiting.head().delay == 0);
     if (!m_waiting.isEmpty())
         m_next.start(m_waiting.head().delay);

@@ -16,6 +16,9 @@ class FaultyLine : public QObject
 public:
     FaultyLine(PseudoTerminal &line, const Faults &faults, quint32 seed, QObject *parent = nullptr);
 
+    /// Bytes that may wait for their time. A frame beyond them is lost.
+    static constexpr int waitingLimit = 65536;
+
     void send(const QByteArray &frame);
 
     /// A line is open: storms begin, frames until the hang-up are counted anew.
@@ -35,8 +38,11 @@ public:
 signals:
     /// The number of frames after which the line shall go away has been sent.
     void signalHangupDue();
+    /// A frame is lost, for too much waits already.
+    void signalOverflow();
 
 private:
+    void enqueue(const QVector<FaultGenerator::Piece> &pieces);
     void sendNext();
     void rage();
 
@@ -44,6 +50,7 @@ private:
     Faults m_faults;
     FaultGenerator m_generator;
     QQueue<FaultGenerator::Piece> m_waiting;
+    int m_waitingBytes = 0;
     QTimer m_next;
     QTimer m_storm;
     QElapsedTimer m_stormClock;

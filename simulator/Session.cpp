@@ -26,6 +26,9 @@ Session::Session(const Camera::Settings &camera, const Settings &settings, const
     connect(&m_gps, &QTimer::timeout, this, [this] { send(m_camera.gpsMessage()); });
     m_farewell.setInterval(farewellInterval);
     connect(&m_output, &FaultyLine::signalHangupDue, this, &Session::leaveOnceRead);
+    connect(&m_output, &FaultyLine::signalOverflow, this, [this] {
+        m_log.line(QStringLiteral("   lost: %1 bytes wait already").arg(FaultyLine::waitingLimit));
+    });
     connect(&m_farewell, &QTimer::timeout, this, &Session::closeOnceRead);
 }
 

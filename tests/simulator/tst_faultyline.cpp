@@ -4,6 +4,22 @@
 
 #include <QtTest>
 
+namespace {
+
+/// Resident memory of the simulator, KiB.
+qint64 memory(SimulatorProcess &simulator)
+{
+    QFile status(QStringLiteral("/proc/%1/status").arg(simulator.process().processId()));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &line : status.readAll().split('\n'))
+        if (line.startsWith("VmRSS:"))
+            return line.simplified().split(' ').value(1).toLongLong();
+    return 0;
+}
+
+} // namespace
+
 class tst_FaultyLine : public QObject
 {
     Q_OBJECT
@@ -100,6 +116,42 @@ private slots:
         QVERIFY(streams.at(0).size() > 1000);
         QCOMPARE(streams.at(1), streams.at(0));
         QVERIFY(streams.at(2) != streams.at(0));
+    }
+
+    void holdsBackABoundedNumberOfBytesInAFlood_data()
+    {
+        QTest::addColumn<QString>("fault");
+        QTest::newRow("delay") << "delay:60000";
+        QTest::newRow("dribble") << "dribble:1000";
+    }
+    void holdsBackABoundedNumberOfBytesInAFlood()
+    {
+        QFETCH(QString, fault);
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start({"--fault", fault}));
+        Client client;
+        QVERIFY(client.open(simulator.path()));
+        const qint64 before = memory(simulator);
+        QVERIFY(before > 0);
+
+        // Answers of 245 bytes: 267 of them are what 65536 bytes hold.
+        constexpr int count = 5000;
+        constexpr int held = 65536 / 245;
+        for (int i = 0; i < count; ++i)
+            client.send(wire::frame(102));
+        const QString lost = QStringLiteral("   lost: 65536 bytes wait already");
+        QTRY_COMPARE_WITH_TIMEOUT(simulator.log().count(lost), count - held, 60000);
+        // Byte by byte the answers took some hundred megabytes if all of them waited.
+        [[maybe_unused]] const qint64 grown = memory(simulator) - before;
+#ifndef __SANITIZE_ADDRESS__ // whose allocator keeps what was freed
+        QVERIFY2(grown < 24 << 10, qPrintable(QString::number(grown)));
+#endif
+
+        // Those that wait arrive whole and in order, and there is room again behind them.
+        QVERIFY(simulator.pauseFaults());
+        for (int i = 0; i < held; ++i)
+            QCOMPARE(client.receive().command, 202U);
+        QCOMPARE(client.ask(116).command, 216U);
     }
 
     void hangsUpAfterSoManyFramesAndComesBack()
