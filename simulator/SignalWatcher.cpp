@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int watched[] = {SIGINT, SIGTERM, SIGUSR1, SIGUSR2};
+constexpr int watched[] = {SIGINT, SIGTERM, SIGHUP, SIGUSR1, SIGUSR2};
 
 int wakeUp[2] = {-1, -1}; // read end, write end
 
@@ -27,6 +27,13 @@ void handle(int signal, void (*handler)(int))
     sigaction(signal, &action, nullptr);
 }
 
+/// As under nohup, which starts a program that shall outlive its terminal.
+bool isIgnored(int signal)
+{
+    struct sigaction action = {};
+    return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
 } // namespace
 
 SignalWatcher::SignalWatcher(QObject *parent) : QObject(parent)
@@ -43,13 +50,15 @@ SignalWatcher::SignalWatcher(QObject *parent) : QObject(parent)
         }
     });
     for (const int signal : watched)
-        handle(signal, onSignal);
+        if (signal != SIGHUP || !isIgnored(signal))
+            handle(signal, onSignal);
 }
 
 SignalWatcher::~SignalWatcher()
 {
     for (const int signal : watched)
-        handle(signal, SIG_DFL);
+        if (!isIgnored(signal))
+            handle(signal, SIG_DFL);
     for (int &descriptor : wakeUp) {
         if (descriptor >= 0)
             ::close(descriptor);

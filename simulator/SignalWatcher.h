@@ -13,7 +13,7 @@ public:
     ~SignalWatcher() override;
 
 signals:
-    void signalTerminationRequested(); ///< SIGINT or SIGTERM
+    void signalTerminationRequested(); ///< SIGINT, SIGTERM or, unless ignored, SIGHUP
     void signalPauseRequested();       ///< SIGUSR1
     void signalResumeRequested();      ///< SIGUSR2
 
