@@ -9,7 +9,8 @@ namespace {
 
 const char description[] =
     "Simulates a camera on a pseudo-terminal, whose path is the first line on standard output.\n"
-    "Serves until SIGINT or SIGTERM. The model 2.0 tells its identity and refuses whatever\n"
+    "Serves until SIGINT, SIGTERM or SIGHUP. The model 2.0 tells its identity and refuses "
+    "whatever\n"
     "concerns configuration and factory records.";
 
 /// The longest serial number: the identity reply has to fit a frame with room to spare.
@@ -37,7 +38,9 @@ QString parseOptions(const QStringList &arguments, Options &options)
         "factory", "Start from this factory record, also if --state holds one.", "FILE");
     const QCommandLineOption state("state", "Keep both records in this directory across runs.",
                                    "DIR");
-    const QCommandLineOption link("link", "Keep a symbolic link to the device at this path.",
+    const QCommandLineOption link("link",
+                                  "Keep a symbolic link to the device at this path, in place "
+                                  "of none but one that a simulator has left behind.",
                                   "PATH");
     const QCommandLineOption log("log", "Write one line a frame to standard error.");
     const QCommandLineOption restart(

@@ -23,6 +23,9 @@ QString load(QByteArray &record, const QString &named, const QString &kept,
     if (path.isEmpty())
         return {};
 
+    // Opening a pipe would wait until somebody writes into it.
+    if (QFileInfo::exists(path) && !QFileInfo(path).isFile())
+        return QStringLiteral("cannot read %1: it is no regular file").arg(path);
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return QStringLiteral("cannot read %1: %2").arg(path, file.errorString());
@@ -62,7 +65,10 @@ bool RecordStore::save(Camera::Record record, const QByteArray &bytes) const
 {
     if (m_directory.isEmpty())
         return true;
-    QSaveFile file(path(record));
+    const QFileInfo kept(path(record));
+    if (kept.exists() && !kept.isFile())
+        return false;
+    QSaveFile file(kept.filePath());
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
 }
 

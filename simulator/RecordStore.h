@@ -16,7 +16,7 @@ public:
     bool prepare() const;
     /// Path of a record's file; empty if no directory was given.
     QString path(Camera::Record record) const;
-    /// Replaces the file as a whole or leaves it as it was.
+    /// Replaces the file as a whole or leaves it as it was; never what is no regular file.
     bool save(Camera::Record record, const QByteArray &bytes) const;
 
 private:

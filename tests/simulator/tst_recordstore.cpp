@@ -5,6 +5,8 @@
 
 #include <QtTest>
 
+#include <sys/stat.h>
+
 namespace {
 
 QByteArray changedConfiguration(const CameraModel &model)
@@ -38,6 +40,18 @@ class tst_RecordStore : public QObject
     Camera::Settings settings() const { return {&m_model, {}, 20190912, {}, {}, {}, {}}; }
 
 private slots:
+    void neverReplacesWhatIsNoFile()
+    {
+        QTemporaryDir directory;
+        const RecordStore store(directory.path(), m_model);
+        const QString pipe = store.path(Camera::Record::Configuration);
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe), 0600), 0);
+        QVERIFY(!store.save(Camera::Record::Configuration, defaultConfiguration(m_model)));
+        struct stat status;
+        QCOMPARE(::lstat(QFile::encodeName(pipe), &status), 0);
+        QVERIFY(S_ISFIFO(status.st_mode));
+    }
+
     void keepsBothRecordsAcrossRunsForEachModel()
     {
         QTemporaryDir directory;

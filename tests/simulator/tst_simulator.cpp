@@ -281,6 +281,98 @@ private slots:
         QCOMPARE(file.readAll(), QByteArray("content"));
     }
 
+    void neverReplacesALinkOfSomeoneElse()
+    {
+        const QString precious = m_directory.filePath("linked");
+        QVERIFY(QDir().mkpath(precious));
+        const QString link = m_directory.filePath("shortcut");
+        QCOMPARE(::symlink(QFile::encodeName(precious), QFile::encodeName(link)), 0);
+        const Run result = run({"--link", link});
+        QCOMPARE(result.exitCode, 2);
+        QCOMPARE(result.out, QByteArray());
+        QCOMPARE(result.err, QByteArray("quorvix-simulator: " + QFile::encodeName(link) +
+                                        " is a link to " + QFile::encodeName(precious) +
+                                        ", not one that a simulator has left behind\n"));
+        QCOMPARE(target(link), QFile::encodeName(precious));
+    }
+
+    void takesOverTheLinkOfAKilledSimulator()
+    {
+        const QString link = m_directory.filePath("killed");
+        SimulatorProcess first;
+        QVERIFY(first.start({"--link", link}));
+        first.process().kill();
+        QVERIFY(first.process().waitForFinished(10000));
+        QCOMPARE(target(link), QFile::encodeName(first.path()));
+        // In the place of the one that is gone there may be any other terminal by now.
+        SimulatorProcess other;
+        QVERIFY(other.start());
+        SimulatorProcess second;
+        QVERIFY(second.start({"--link", link}));
+        QCOMPARE(target(link), QFile::encodeName(second.path()));
+    }
+
+    void removesItsLinkHoweverItIsToldToEnd_data()
+    {
+        QTest::addColumn<int>("signal");
+        QTest::newRow("terminated") << SIGTERM;
+        QTest::newRow("interrupted") << SIGINT;
+        QTest::newRow("its terminal is closed") << SIGHUP;
+    }
+    void removesItsLinkHoweverItIsToldToEnd()
+    {
+        QFETCH(int, signal);
+        const QString link = m_directory.filePath("ending");
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start({"--link", link}));
+        QVERIFY(!target(link).isEmpty());
+        ::kill(pid_t(simulator.process().processId()), signal);
+        QVERIFY(simulator.process().waitForFinished(10000));
+        QCOMPARE(simulator.process().exitStatus(), QProcess::NormalExit);
+        QCOMPARE(simulator.process().exitCode(), 0);
+        QVERIFY(target(link).isEmpty());
+    }
+
+    void outlivesItsTerminalUnderNohup()
+    {
+        ::signal(SIGHUP, SIG_IGN); // which the child inherits
+        SimulatorProcess simulator;
+        const bool started = simulator.start();
+        ::signal(SIGHUP, SIG_DFL);
+        QVERIFY(started);
+        ::kill(pid_t(simulator.process().processId()), SIGHUP);
+        Client client;
+        QVERIFY(client.open(simulator.path()));
+        QCOMPARE(client.ask(116).command, 216U);
+        QCOMPARE(simulator.stop(), 0);
+    }
+
+    void readsNoRecordFromAPipe_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QString>("pipe");
+        const QString state = m_directory.filePath("pipes");
+        const QString pipe = state + "/blend-zoom-configuration.bin";
+        const QString factory = state + "/blend-zoom-factory.bin";
+        QTest::newRow("configuration") << QStringList{"--config", pipe} << pipe;
+        QTest::newRow("factory record") << QStringList{"--factory", factory} << factory;
+        QTest::newRow("kept configuration") << QStringList{"--state", state} << pipe;
+        QTest::newRow("kept factory record") << QStringList{"--state", state} << factory;
+        QTest::newRow("directory") << QStringList{"--state", pipe} << pipe;
+    }
+    void readsNoRecordFromAPipe()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QString, pipe);
+        QVERIFY(QDir().mkpath(QFileInfo(pipe).path()));
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe), 0600), 0);
+        const Run result = run(arguments);
+        QVERIFY(QFile::remove(pipe));
+        QCOMPARE(result.exitCode, 2);
+        QCOMPARE(result.err.count('\n'), 1);
+        QVERIFY2(result.err.contains(QFile::encodeName(pipe)), result.err);
+    }
+
     void leavesALinkThatSomeoneElseTookOver()
     {
         const QString link = m_directory.filePath("taken");
