@@ -73,6 +73,13 @@ void judgeReport(const QString &path)
     judge(rows >= 7 + 7 + 3, "the report holds every row of the tables");
 }
 
+/// Printable ASCII without the separator: every file's name may hold that.
+bool isPlain(const QString &text)
+{
+    return std::all_of(text.begin(), text.end(),
+                       [](QChar c) { return c >= ' ' && c <= '~' && c != '/'; });
+}
+
 void loadFactoryFile(const QString &path, const QByteArray &content, bool zoom, bool ok,
                      const QDir &dir)
 {
@@ -93,16 +100,18 @@ void loadFactoryFile(const QString &path, const QByteArray &content, bool zoom, 
     factory->dialog.writeFile(dir.path());
     factory->dialog.writeReport(dir.path());
     const QString serial = factory->get<QLineEdit>("leSerialNumber")->text();
-    if (serial.contains('/')) {
-        judge(dir.isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-              "a serial number that is a path names no file");
+    const bool refused = dir.isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    if (refused || serial.contains('/')) {
+        judge(refused, "a serial number that is a path names no file");
+        judge(!isPlain(serial), "a plain serial number names a file");
         return;
     }
-    const QString saved = dir.filePath(serial + QStringLiteral(".dat"));
+    // QDir::filePath() would take a name that begins with a colon for that of a resource.
+    const QString saved = dir.path() + '/' + serial + QStringLiteral(".dat");
     const QByteArray written = contentOf(saved);
     judgeEqual(zoom ? after.toHex() : QByteArray(), written.toHex(), "the saved file is");
     if (zoom)
-        judgeReport(dir.filePath(serial + QStringLiteral(".txt")));
+        judgeReport(dir.path() + '/' + serial + QStringLiteral(".txt"));
     factory->dialog.loadFile(saved);
     judgeEqual(after.toHex(), factory->recordOfForm().toHex(),
                "after the saved file the form makes");
