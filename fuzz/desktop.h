@@ -4,7 +4,10 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 
 // Of the leak checker, where the program has one.
 extern "C" __attribute__((weak)) void __lsan_disable();
@@ -37,6 +40,8 @@ public:
 
     /// How modal windows are answered from now on: with Ok, or by closing them.
     void answer(bool ok) { m_ok = ok; }
+    /// What is chosen in file dialogs that are answered with Ok; they are closed without a path.
+    void choose(const QString &path) { m_path = path; }
     /// Modal windows so far.
     int modalWindows() const { return m_modalWindows; }
 
@@ -70,6 +75,7 @@ private:
         static char *argv[] = {name, nullptr};
         new QApplication(argc, argv);
         qApp->installEventFilter(this);
+        QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
         diagnostics::setSink([](diagnostics::Stream, const QString &) {});
     }
 
@@ -81,6 +87,14 @@ private:
 
     void close(QDialog *dialog) const
     {
+        auto *name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        if (qobject_cast<QFileDialog *>(dialog) && name && m_ok && !m_path.isEmpty()) {
+            const QPointer<QDialog> chosen = dialog;
+            name->setText(m_path);
+            dialog->accept(); // which the dialog refuses for a name that does not fit
+            if (!chosen || !chosen->isVisible())
+                return;
+        }
         const auto *box = qobject_cast<QMessageBox *>(dialog);
         QAbstractButton *ok = box && m_ok ? box->button(QMessageBox::Ok) : nullptr;
         if (ok)
@@ -90,5 +104,6 @@ private:
     }
 
     bool m_ok = true;
+    QString m_path;
     int m_modalWindows = 0;
 };

@@ -14,7 +14,7 @@ namespace {
 
 struct Seed
 {
-    const char *name;
+    QByteArray name;
     QByteArray bytes;
 };
 using Seeds = QVector<Seed>;
@@ -233,6 +233,108 @@ Seeds files()
     return seeds;
 }
 
+// Steps of a session, as session.cpp reads them. `flags`: 8 answers with Ok, 16 waits for the next.
+
+QByteArray sized(const QByteArray &bytes)
+{
+    return byte(bytes.size()) + bytes;
+}
+
+QByteArray messageStep(int code, int length, int flags = 8, int damage = 0, int parts = 0)
+{
+    return byte(flags) + little<quint16>(static_cast<quint16>(code)) + byte(parts) +
+           little<quint16>(static_cast<quint16>(length)) + sized(ramp(7, code)) +
+           little<quint16>(static_cast<quint16>(damage));
+}
+
+QByteArray recordStep(int kind, const QByteArray &content, int flags = 8)
+{
+    return byte(1 | flags) + byte(kind) + sized(content);
+}
+
+QByteArray identityStep(int model, const QByteArray &serial, int flags = 8)
+{
+    return byte(2 | flags) + byte(model) + sized(serial);
+}
+
+QByteArray actStep(int widget, qint32 value, int flags = 8)
+{
+    return byte(4 | flags) + little<quint16>(static_cast<quint16>(widget)) + little(value);
+}
+
+QByteArray typeStep(int widget, const QByteArray &text)
+{
+    return byte(5 | 8) + little<quint16>(static_cast<quint16>(widget)) + byte(widget) + sized(text);
+}
+
+QByteArray pressStep(int widget, int key)
+{
+    return byte(6 | 8) + little<quint16>(static_cast<quint16>(widget)) + byte(key);
+}
+
+QByteArray commandStep(int what, const QByteArray &content = {}, int flags = 8)
+{
+    return byte(7 | flags) + byte(what) + content;
+}
+
+/// A step for each number of a range, in sessions of `size` steps.
+template <class Step>
+void addSessions(Seeds &seeds, const QByteArray &name, int from, int to, int size, Step step)
+{
+    for (int first = from; first < to; first += size) {
+        QByteArray steps = byte(first / size & 1);
+        for (int number = first; number < qMin(first + size, to); ++number)
+            steps += step(number);
+        seeds.append({name + '-' + QByteArray::number(first), steps});
+    }
+}
+
+Seeds session()
+{
+    constexpr int widgets = 512; // some more than there are
+    constexpr int steps = 96;
+    enum Command { Action, Connect, PullOut, File };
+    const QByteArray known = identityStep(0, "1700999") + recordStep(1, ramp(193));
+    Seeds seeds = {
+        {"identified", byte(3) + known + identityStep(1, "1700999") + recordStep(2, ramp(209)) +
+                           identityStep(2, "1") + identityStep(4, "") + identityStep(8, "")},
+        {"refused-at-once", byte(0) + messageStep(316, 0, 24).repeated(40) + messageStep(0, 4)},
+        {"refused-and-closed", byte(1) + messageStep(316, 0, 16).repeated(5) + recordStep(0, "no") +
+                                   messageStep(316, 0) + commandStep(Connect)},
+        {"damaged", byte(1) + messageStep(202, 224, 24, 9) + messageStep(223, 32, 24, 300) +
+                        messageStep(226, 90, 8, 33) + messageStep(223, 32)},
+        {"in-parts", byte(0) + messageStep(226, 1008, 8, 0, 0x21).repeated(90) +
+                         messageStep(226, 4, 8, 0, 0x22)},
+        {"cut-frames", byte(0) + byte(3) + sized("KOVO\0\0\4\0cut") + byte(3) +
+                           sized(QByteArray("KOVO\0\0\0\3", 8)) + messageStep(0, 0)},
+        {"pulled-out", byte(1) + known + commandStep(PullOut) + commandStep(Connect) +
+                           messageStep(316, 0, 24) + commandStep(PullOut) + known},
+        {"factory", byte(1) + recordStep(2 << 2 | 1, "1") + identityStep(0, "2") +
+                        recordStep(2 << 2, "3") + recordStep(2 << 2 | 1, "4", 0)},
+    };
+    QByteArray files = byte(0);
+    for (const int model : {0, 1, 2}) {
+        files += identityStep(model, "1700999") + commandStep(File | 1 << 4, ramp(193));
+        for (int action = 0; action < 6; ++action)
+            files += commandStep(Action | action << 2);
+        files += commandStep(File | 4) + commandStep(Action) + commandStep(Action | 1 << 2);
+    }
+    seeds.append({"files", files});
+    addSessions(seeds, "codes", 0, 400, steps, [](int code) {
+        return messageStep(code, code * 37 % 1009, code % 3 == 0 ? 24 : code % 3 == 1 ? 8 : 0);
+    });
+    addSessions(seeds, "acts", 0, widgets, steps, [](int i) { return actStep(i, i * 77); });
+    addSessions(seeds, "extremes", 0, widgets, steps, [](int i) {
+        return actStep(i, i & 1 ? std::numeric_limits<qint32>::max()
+                                : std::numeric_limits<qint32>::min());
+    });
+    addSessions(seeds, "texts", 0, widgets, steps, [](int i) {
+        return typeStep(i, i & 1 ? QByteArray("-9999999999") : QByteArray("0.29\n\xE9"));
+    });
+    addSessions(seeds, "keys", 0, widgets, steps, [](int i) { return pressStep(i, i & 0x8F); });
+    return seeds;
+}
+
 bool write(const QDir &root, const char *target, const Seeds &seeds)
 {
     const QString folder = root.filePath(QString::fromLatin1(target));
@@ -259,6 +361,7 @@ int main(int argc, char *argv[])
         configuration.append({record.name, byte(record.kind | 4 | 8) + record.bytes});
     const bool written = write(root, "frames", frames()) &&
                          write(root, "configuration", configuration) &&
-                         write(root, "factory", factory()) && write(root, "files", files());
+                         write(root, "factory", factory()) && write(root, "files", files()) &&
+                         write(root, "session", session());
     return written ? 0 : 1;
 }
