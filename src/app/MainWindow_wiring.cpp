@@ -2,6 +2,7 @@
 
 #include "app/keyText.h"
 #include "app/messageState.h"
+#include "app/whatsthis.h"
 #include "factory/FactorySettings.h"
 #include "factory/LiveEdit.h"
 #include "forms/busyindicator.h"
@@ -52,6 +53,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), m_ui(new Ui::Main
     createCompanions();
     createHelpMenu();
     createShortcuts();
+    whatsthis::complete(this);
     slotPortConnectionChanged(false);
     m_status.setBusy(false);
     busyindicator::load(m_ui->quickWidget, &m_status, m_ui->label->palette().window().color());
