@@ -2315,7 +2315,7 @@ https://www.quorvix.example/download.</translation>
     </message>
     <message>
         <source>The shutter speed is shown with shutter priority only.</source>
-        <translation>Die Verschlusszeit ist nur bei Zeitvorwahl sichtbar.</translation>
+        <translation>Die Belichtungszeit ist nur bei Zeitvorwahl sichtbar.</translation>
     </message>
     <message>
         <source>Manual unlocks the focus position, automatic locks it, and once after zoom leaves it as it is.</source>
