@@ -402,8 +402,7 @@ void Session::settle()
     for (const wire::Message &sent : m_line->take())
         if (std::exchange(m_identityExpected, false))
             judge(sent.command == 116, "a connection begins with the question for the identity");
-    if (!isConnected())
-        judge(!m_line->isHeld(), "a tool that says it is disconnected has let go of the port");
+    judge(m_line->isHeld() == isConnected(), "the tool holds the port as long as it says so");
 }
 
 /// Whether a frame is heard behind as many bytes of silence, or the tool has closed the port.
