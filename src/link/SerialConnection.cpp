@@ -137,7 +137,7 @@ void SerialConnection::flush()
 
 void SerialConnection::watchWaitingBytes()
 {
-    if (m_serialPort->bytesToWrite() == 0) {
+    if (!m_serialPort->isOpen() || m_serialPort->bytesToWrite() == 0) {
         m_stallTimer.stop();
         setWriteStalled(false);
     } else if (!m_stallTimer.isActive()) {

@@ -31,6 +31,7 @@ private slots:
     void waitingBytesAreBounded();
     void waitingTakesNoProcessorTime();
     void vanishedDeviceClosesThePortOnceWhileBytesWait();
+    void vanishedDeviceIsNoStalledOne();
     void closingForgetsWhatWaits();
 };
 
@@ -166,6 +167,17 @@ void tst_SerialConnection_FullLine::vanishedDeviceClosesThePortOnceWhileBytesWai
     turnEventLoop(100);
     QCOMPARE(line.changed.size(), 1);
     QCOMPARE(line.lines.out().count("<<< serial interface closed\n"), 1);
+}
+
+void tst_SerialConnection_FullLine::vanishedDeviceIsNoStalledOne()
+{
+    Line line;
+    line.changed.clear();
+    line.terminal.hangUp();
+    line.fill(3);
+    QTRY_COMPARE(line.changed.size(), 1);
+    turnEventLoop(1200); // longer than anything may wait
+    QCOMPARE(line.stalled.size(), 0);
 }
 
 void tst_SerialConnection_FullLine::closingForgetsWhatWaits()
