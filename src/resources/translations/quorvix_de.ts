@@ -2051,6 +2051,14 @@ https://www.quorvix.example/download.</translation>
         <source>Trigge&amp;r high</source>
         <translation>Obere Triggersch&amp;welle</translation>
     </message>
+    <message>
+        <source>Not sent: the camera is no longer connected. Connect again.</source>
+        <translation>Nicht gesendet: Die Kamera ist nicht mehr verbunden. Verbinden Sie erneut.</translation>
+    </message>
+    <message>
+        <source>Cannot open a port with so long a name. Make a link to it, then choose the link: %1</source>
+        <translation>Eine Schnittstelle mit so langem Namen lässt sich nicht öffnen. Legen Sie einen Verweis darauf an und wählen Sie diesen: %1</translation>
+    </message>
 </context>
 <context>
     <name>sbusTester</name>
