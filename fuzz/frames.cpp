@@ -153,7 +153,8 @@ public:
         }
     }
 
-    /// Feeds up to three of the chunks to come from within each handler, as many as `cuts` say.
+    /// Feeds up to three of the chunks to come from within each handler, as many as `cuts` say, or
+    /// takes what is waiting there.
     void feedNested(const QVector<QByteArray> &chunks, const QByteArray &cuts)
     {
         int next = 0;
@@ -162,11 +163,13 @@ public:
         FrameParser::Handler handler = [&](ComioInterfaceCommand_TypeDef command,
                                            const QVector<uint8_t> &payload) {
             note(command, payload);
-            const int nested = cuts.isEmpty() ? 1 : cuts[messages++ % cuts.size()] & 3;
+            const int cut = cuts.isEmpty() ? 1 : cuts[messages++ % cuts.size()];
             if (depth == deepestNesting)
                 return;
             ++depth;
-            for (int i = 0; i < nested && next < chunks.size(); ++i)
+            if (cut & 4)
+                m_parser.takeWaiting();
+            for (int i = 0; i < (cut & 3) && next < chunks.size(); ++i)
                 m_parser.feed(chunks[next++], handler);
             --depth;
         };

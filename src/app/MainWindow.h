@@ -4,6 +4,7 @@
 #include "devices/KovoDevices.h"
 #include "forms/guistatus.h"
 #include "link/ComioInterfaceCommand.h"
+#include "link/MessageQueue.h"
 
 #include <QMainWindow>
 #include <QStringList>
@@ -104,6 +105,8 @@ public slots:
     /// Writes a frame that another window built, without bookkeeping.
     void slotSendPacket(const QByteArray &frame);
     void slotMessageStateTimerComplete();
+    /// Handles a message at once, unless so many boxes that messages opened are on the screen that
+    /// it has to wait for one to be answered.
     void slotNewMessageReceived(ComioInterfaceCommand_TypeDef command, QVector<uint8_t> data);
     void slotDummy();
 
@@ -209,6 +212,11 @@ private:
     void showOpenFailure(const QString &port);
     void send(ComioInterfaceCommand_TypeDef command, const QByteArray &payload = {});
     void sendWhileConnected(ComioInterfaceCommand_TypeDef command, const QByteArray &payload);
+    void endWithoutPort(bool wasConnected);
+    void dropWhatFollowsClosingMessage();
+    void handleMessage(ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &payload);
+    void dispatch(ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &payload);
+    void handleWaitingFromEventLoop();
     bool settleOutstandingCommand(ComioInterfaceCommand_TypeDef command);
     void showGpsText(const QVector<uint8_t> &payload);
     void showFocusAdjustment(const QVector<uint8_t> &payload);
@@ -225,6 +233,11 @@ private:
     LiveEdit *m_liveEdit = nullptr;
     guistatus m_status;
     bool m_openFailureShown = false; ///< by the status bar
+
+    MessageQueue m_waitingMessages;
+    bool m_waitingAreScheduled = false;
+    int m_openMessages = 0;     ///< being handled; all but the last one wait for their boxes
+    int m_messageLoopLevel = 0; ///< nesting of event loops in which the last one is being handled
 
     RecordTable m_blendTable;     ///< built at its first use
     RecordTable m_blendZoomTable; ///< built at its first use

@@ -10,8 +10,13 @@
 #include "ui_MainWindow.h"
 
 #include <QDateTime>
+#include <QScopedValueRollback>
+#include <QThread>
 
 #include <algorithm>
+
+// Each box that a message opens runs an event loop of its own on the stack.
+static constexpr int maximumNestedBoxes = 16;
 
 void MainWindow::send(ComioInterfaceCommand_TypeDef command, const QByteArray &payload)
 {
@@ -63,6 +68,63 @@ bool MainWindow::settleOutstandingCommand(ComioInterfaceCommand_TypeDef command)
 
 void MainWindow::slotNewMessageReceived(ComioInterfaceCommand_TypeDef command,
                                         QVector<uint8_t> data)
+{
+    if (m_openMessages >= maximumNestedBoxes || !m_waitingMessages.isEmpty())
+        m_waitingMessages.append(command, data);
+    else
+        handleMessage(command, data);
+}
+
+void MainWindow::handleMessage(ComioInterfaceCommand_TypeDef command,
+                               const QVector<uint8_t> &payload)
+{
+    const bool wasConnected = m_serial->isOpen();
+    {
+        const QScopedValueRollback<int> open(m_openMessages, m_openMessages + 1);
+        const QScopedValueRollback<int> level(m_messageLoopLevel,
+                                              QThread::currentThread()->loopLevel());
+        dispatch(command, payload);
+    }
+    endWithoutPort(wasConnected);
+    handleWaitingFromEventLoop();
+}
+
+void MainWindow::handleWaitingFromEventLoop()
+{
+    if (m_waitingAreScheduled || m_waitingMessages.isEmpty())
+        return;
+    m_waitingAreScheduled = true;
+    const auto handleNext = [this] {
+        m_waitingAreScheduled = false;
+        if (m_waitingMessages.isEmpty() || m_openMessages >= maximumNestedBoxes)
+            return;
+        const MessageQueue::Message next = m_waitingMessages.takeFirst();
+        handleWaitingFromEventLoop(); // if this one opens a box, the next are heard meanwhile
+        handleMessage(next.command, next.payload);
+    };
+    QMetaObject::invokeMethod(this, handleNext, Qt::QueuedConnection);
+}
+
+void MainWindow::dropWhatFollowsClosingMessage()
+{
+    if (m_openMessages == 0 || m_messageLoopLevel != QThread::currentThread()->loopLevel())
+        return; // nobody's message: the operator closed the port, or the device vanished
+    m_serial->dropReceived();
+    m_packetManager->dropFollowing();
+}
+
+void MainWindow::endWithoutPort(bool wasConnected)
+{
+    // Closing the port turned the indicator off: what turned it on since was sent to nobody.
+    if (m_serial->isOpen() || !m_status.isBusy())
+        return;
+    m_status.setBusy(false);
+    if (wasConnected)
+        m_ui->statusBar->showMessage(
+            tr("Not sent: the camera is no longer connected. Connect again."));
+}
+
+void MainWindow::dispatch(ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &data)
 {
     if (!settleOutstandingCommand(command))
         return;

@@ -63,6 +63,7 @@ void MainWindow::requestConfig_qx_blend_zoom()
 
 void MainWindow::on_btnSetConf_clicked()
 {
+    const bool wasConnected = m_serial->isOpen();
     if (!confirmed(this, tr("Save configuration"),
                    tr("<p>You are going to save a new configuration.<br>The device "
                       "will be restartet.<br>Are you sure to proceed?</p>")))
@@ -80,6 +81,7 @@ void MainWindow::on_btnSetConf_clicked()
     default:
         diagnostics::err(QStringLiteral("MainWindow::on_btnSetConf_clicked(): not implemeted"));
     }
+    endWithoutPort(wasConnected);
 }
 
 void MainWindow::setConfig_qx_blend()
@@ -129,8 +131,10 @@ void MainWindow::loadConfigurationFile(const QString &path)
     if (m_serial->isOpen() &&
         confirmed(this, tr("Configuration loaded"),
                   tr("<p>The new configuration was succesfully loaded.<br>Do you "
-                     "want to save the settings on your device?</p>")))
+                     "want to save the settings on your device?</p>"))) {
         on_btnSetConf_clicked();
+        endWithoutPort(true);
+    }
 }
 
 void MainWindow::on_actionSave_triggered()

@@ -227,6 +227,9 @@ void MainWindow::showOpenFailure(const QString &port)
                        "connect again."));
     case SerialConnection::Opening::NotFound:
         return show(tr("Cannot open %1: no such device. Plug the camera in again."));
+    case SerialConnection::Opening::NameTooLong:
+        return show(tr("Cannot open a port with so long a name. Make a link to it, then choose "
+                       "the link: %1"));
     default:
         return show(tr("Cannot open %1: it is no usable serial port. Choose another one, or plug "
                        "the camera in again."));
@@ -243,6 +246,7 @@ void MainWindow::slotPortConnectionChanged(bool)
             return; // the line vanished under the request, which has closed the form already
     } else {
         m_status.setBusy(false);
+        dropWhatFollowsClosingMessage();
     }
 
     m_factorySettings->connectDevice(open);

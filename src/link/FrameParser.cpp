@@ -50,6 +50,26 @@ void FrameParser::feed(const QByteArray &bytes, const Handler &handler)
         enqueue({begin, begin + size, handler, m_latest});
 }
 
+bool FrameParser::hasWaiting() const
+{
+    for (const Chunk *chunk = m_latest; chunk; chunk = chunk->earlier)
+        if (chunk->next != chunk->end)
+            return true;
+    return false;
+}
+
+void FrameParser::takeWaiting()
+{
+    if (m_latest)
+        drain(*m_latest);
+}
+
+void FrameParser::dropWaiting()
+{
+    for (Chunk *chunk = m_latest; chunk; chunk = chunk->earlier)
+        chunk->next = chunk->end;
+}
+
 void FrameParser::enqueue(Chunk chunk)
 {
     m_latest = &chunk;

@@ -26,6 +26,13 @@ public:
     /// order.
     void feed(const QByteArray &bytes, const Handler &handler);
 
+    /// True while bytes of an unfinished call of feed() wait for its handler to return.
+    bool hasWaiting() const;
+    /// Takes the bytes that wait, now: for an event loop that a handler runs.
+    void takeWaiting();
+    /// Forgets the bytes that wait, as if they had never been fed.
+    void dropWaiting();
+
 private:
     enum class State { Magic0, Magic1, Magic2, Magic3, Length, Body, ResetPending };
 

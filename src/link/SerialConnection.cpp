@@ -6,12 +6,14 @@
 #include <QSerialPortInfo>
 
 #ifdef Q_OS_UNIX
+#include <cerrno>
 #include <fcntl.h>
 #include <poll.h>
 #include <unistd.h>
 #endif
 
 static constexpr int PollIntervalMs = 500;
+static constexpr int StallTimeMs = 1000;
 
 SerialConnection::SerialConnection(QObject *parent)
     : QObject(parent), m_serialPort(new QSerialPort(this)), m_pollTimer(new QTimer(this))
@@ -21,6 +23,15 @@ SerialConnection::SerialConnection(QObject *parent)
             SLOT(slotSerialPortError(QSerialPort::SerialPortError)));
     connect(m_pollTimer, SIGNAL(timeout()), this, SLOT(slotTimerCheckForNewSerialPorts()));
     m_pollTimer->start(PollIntervalMs);
+
+    connect(m_serialPort, &QSerialPort::bytesWritten, this, [this] {
+        m_stallTimer.stop();
+        watchWaitingBytes();
+    });
+    // No child: the poll timer is the only timer that others find here.
+    m_stallTimer.setSingleShot(true);
+    m_stallTimer.setInterval(StallTimeMs);
+    connect(&m_stallTimer, &QTimer::timeout, this, [this] { setWriteStalled(true); });
 }
 
 SerialConnection::~SerialConnection()
@@ -64,7 +75,6 @@ bool SerialConnection::openSerialPort(QString portName)
 
 void SerialConnection::closeSerialPort()
 {
-    deliverChunks(); // what arrived before the close is heard before it
     diagnostics::out("SerialConnection::closeSerialPort()");
     if (!m_connected)
         return;
@@ -72,12 +82,18 @@ void SerialConnection::closeSerialPort()
     m_connected = false;
     if (m_serialPort->isOpen()) {
         diagnostics::out("<<< close()");
+        // The system would wait long for the device to take what it holds, and the window with it.
+        if (m_writeStalled && !isHungUp())
+            m_serialPort->clear(QSerialPort::Output);
         m_serialPort->close();
         diagnostics::out("<<< serial interface closed");
     } else {
         diagnostics::out("<<< serial interface was not open");
     }
+    m_stallTimer.stop();
+    setWriteStalled(false);
     emit signalPortConnectionChanged(false);
+    deliverChunks(); // a receiver may open a box: by now everybody knows that the port is closed
 }
 
 bool SerialConnection::isOpen() const
@@ -96,8 +112,45 @@ void SerialConnection::writeSerialPortData(const QByteArray &data)
         diagnostics::out("<<< ERROR writeData: serial port not open\n");
         return;
     }
+    if (m_serialPort->bytesToWrite() + data.size() > MaximumWaiting) {
+        diagnostics::out(QStringLiteral("<<< ERROR writeData: %1 bytes are waiting for the device, "
+                                        "%2 more are lost")
+                             .arg(m_serialPort->bytesToWrite())
+                             .arg(data.size()));
+        return;
+    }
     m_serialPort->write(data);
+    flush();
+    watchWaitingBytes();
+}
+
+void SerialConnection::flush()
+{
+#ifdef Q_OS_UNIX
+    // QSerialPort takes a full line for a vanished device. It goes on writing by itself as soon as
+    // there is room.
+    if (!lineEvents(POLLOUT))
+        return;
+#endif
     m_serialPort->flush();
+}
+
+void SerialConnection::watchWaitingBytes()
+{
+    if (!m_serialPort->isOpen() || m_serialPort->bytesToWrite() == 0) {
+        m_stallTimer.stop();
+        setWriteStalled(false);
+    } else if (!m_stallTimer.isActive()) {
+        m_stallTimer.start();
+    }
+}
+
+void SerialConnection::setWriteStalled(bool stalled)
+{
+    if (m_writeStalled == stalled)
+        return;
+    m_writeStalled = stalled;
+    emit signalWriteStalled(stalled);
 }
 
 void SerialConnection::setPortName(const QString &portName)
@@ -123,6 +176,11 @@ void SerialConnection::slotGetNewSerialPortData()
     QMetaObject::invokeMethod(this, &SerialConnection::deliverChunks, Qt::QueuedConnection);
 }
 
+void SerialConnection::dropReceived()
+{
+    m_chunks.clear();
+}
+
 void SerialConnection::deliverChunks()
 {
     while (!m_chunks.isEmpty())
@@ -134,10 +192,13 @@ void SerialConnection::slotTimerCheckForNewSerialPorts()
     if (m_connected)
         return;
 
-    QStringList ports;
-    const QList<QSerialPortInfo> available = QSerialPortInfo::availablePorts();
-    for (const QSerialPortInfo &info : available)
-        ports.append(info.portName());
+    if (m_portWatch.isWorthALook()) {
+        m_systemPorts.clear();
+        const QList<QSerialPortInfo> available = QSerialPortInfo::availablePorts();
+        for (const QSerialPortInfo &info : available)
+            m_systemPorts.append(info.portName());
+    }
+    QStringList ports = m_systemPorts;
     for (const QString &extra : qAsConst(m_extraPorts))
         if (!ports.contains(extra))
             ports.append(extra);
@@ -163,18 +224,45 @@ void SerialConnection::slotSerialPortError(QSerialPort::SerialPortError error)
         closeSerialPort();
 }
 
+#ifdef Q_OS_UNIX
+short SerialConnection::lineEvents(short events) const
+{
+    pollfd descriptor{};
+    descriptor.fd = m_serialPort->handle();
+    descriptor.events = events;
+    return poll(&descriptor, 1, 0) > 0 ? descriptor.revents : short(0);
+}
+#endif
+
 bool SerialConnection::isHungUp() const
 {
 #ifdef Q_OS_UNIX
-    if (!m_serialPort->isOpen())
-        return false;
-    pollfd descriptor{};
-    descriptor.fd = m_serialPort->handle();
-    return poll(&descriptor, 1, 0) > 0 && (descriptor.revents & POLLHUP);
+    return m_serialPort->isOpen() && (lineEvents(0) & POLLHUP);
 #else
     return false;
 #endif
 }
+
+#ifdef Q_OS_UNIX
+// Where QSerialPort looks for the port.
+static QString systemLocation(const QString &portName)
+{
+    for (const char *path : {"/", "./", "../"})
+        if (portName.startsWith(QLatin1String(path)))
+            return portName;
+    return QStringLiteral("/dev/") + portName;
+}
+
+// QSerialPort locks a port by a file that is named "LCK.." and the port's name, its slashes
+// replaced.
+static bool isTooLongForItsLock(const QString &systemLocation)
+{
+    constexpr int longestFileName = 255; // bytes, on all usual file systems
+    const QString name =
+        systemLocation.startsWith(QLatin1String("/dev/")) ? systemLocation.mid(5) : systemLocation;
+    return 5 + QFile::encodeName(name).size() > longestFileName;
+}
+#endif
 
 SerialConnection::Opening SerialConnection::reasonOfFailure() const
 {
@@ -187,11 +275,14 @@ SerialConnection::Opening SerialConnection::reasonOfFailure() const
         return Opening::Failed;
     }
 #ifdef Q_OS_UNIX
-    const QByteArray path = QFile::encodeName(m_portName.startsWith(QLatin1Char('/'))
-                                                  ? m_portName
-                                                  : QStringLiteral("/dev/") + m_portName);
+    const QString location = systemLocation(m_portName);
+    const QByteArray path = QFile::encodeName(location);
+    if (faccessat(AT_FDCWD, path.constData(), F_OK, AT_EACCESS) != 0 && errno == ENOENT)
+        return Opening::NotFound;
     if (faccessat(AT_FDCWD, path.constData(), R_OK | W_OK, AT_EACCESS) != 0)
         return Opening::NotPermitted;
+    if (isTooLongForItsLock(location))
+        return Opening::NameTooLong;
 #endif
     return Opening::Busy;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "link/PortWatch.h"
+
 #include <QObject>
 #include <QSerialPort>
 #include <QStringList>
@@ -19,6 +21,7 @@ public:
         NotPermitted, ///< the user may not read and write the device
         Busy,         ///< another program holds it
         NotFound,     ///< no such device, or no longer
+        NameTooLong,  ///< for the lock that keeps other programs from the port
         Failed,       ///< any other reason
     };
 
@@ -28,11 +31,16 @@ public:
     /// Opens the port (a name or an absolute path) with 115200 baud, 8N1, no flow control. False
     /// when a port is already open, the name is empty or the port cannot be opened.
     bool openSerialPort(QString portName);
+    /// Closes the port and announces it; then announces what had been read before.
     void closeSerialPort();
     bool isOpen() const;
     Opening lastOpening() const;
-    /// Writes one frame; dropped with a diagnostic line while no port is open.
+    /// Writes one frame; dropped with a diagnostic line while no port is open. What the device does
+    /// not take yet waits, up to MaximumWaiting bytes; a frame beyond is dropped with a line, too.
     void writeSerialPortData(const QByteArray &data);
+    static constexpr qint64 MaximumWaiting = 1024 * 1024;
+    /// Forgets what was read and has not been announced yet.
+    void dropReceived();
 
     void setPortName(const QString &portName);
     /// Devices that are offered beside those the system lists.
@@ -42,6 +50,9 @@ signals:
     void signalPortListChanged(QStringList portList);
     void signalNewSerialPortData(QByteArray data);
     void signalPortConnectionChanged(bool connected);
+    /// True when the device has taken nothing for a second though bytes are waiting for it; false
+    /// when it has taken them all, or the port is closed.
+    void signalWriteStalled(bool stalled);
 
 public slots:
     void slotGetNewSerialPortData();
@@ -57,6 +68,10 @@ private:
     };
 
     void deliverChunks();
+    void flush();
+    void watchWaitingBytes();
+    void setWriteStalled(bool stalled);
+    short lineEvents(short events) const;
     bool isHungUp() const;
     Opening reasonOfFailure() const;
 
@@ -68,9 +83,13 @@ private:
     Setting m_flowControl{QSerialPort::NoFlowControl, "0"};
     QSerialPort *m_serialPort;
     QTimer *m_pollTimer;
+    QTimer m_stallTimer; ///< runs while bytes wait, from when the device took some last
+    bool m_writeStalled = false;
     bool m_connected = false;
     Opening m_lastOpening = Opening::NotTried;
     QList<QByteArray> m_chunks; ///< read, not announced yet
+    PortWatch m_portWatch;
+    QStringList m_systemPorts; ///< as last looked up
     QStringList m_knownPorts;
     QStringList m_extraPorts;
 };

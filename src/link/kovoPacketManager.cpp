@@ -16,6 +16,12 @@ static constexpr int CommandOffset = 12;
 static constexpr int HeaderSize = 16;
 static constexpr int CrcAndTrailerSize = 5;
 
+static FrameParser &parser()
+{
+    static FrameParser parser;
+    return parser;
+}
+
 kovoPacketManager::kovoPacketManager(QObject *parent) : QObject(parent) {}
 
 void kovoPacketManager::prepareMessage(const void *data, size_t length, uint16_t partNumber,
@@ -42,9 +48,27 @@ void kovoPacketManager::prepareMessage(const void *data, size_t length, uint16_t
 
 void kovoPacketManager::slotPacketStateMachine(QByteArray data)
 {
-    static FrameParser parser;
-    parser.feed(data,
-                [this](ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &payload) {
-                    emit signalMessageReceived(command, payload);
-                });
+    parser().feed(data,
+                  [this](ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &payload) {
+                      if (!m_followingIsScheduled && parser().hasWaiting())
+                          takeFollowingFromEventLoop();
+                      emit signalMessageReceived(command, payload);
+                  });
+}
+
+void kovoPacketManager::takeFollowingFromEventLoop()
+{
+    m_followingIsScheduled = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_followingIsScheduled = false;
+            parser().takeWaiting();
+        },
+        Qt::QueuedConnection);
+}
+
+void kovoPacketManager::dropFollowing()
+{
+    parser().dropWaiting();
 }

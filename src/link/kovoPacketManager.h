@@ -22,11 +22,20 @@ public:
     void prepareMessage(const void *data, size_t length, uint16_t partNumber, uint16_t partCount,
                         ComioInterfaceCommand_TypeDef command, QByteArray &frame);
 
+    /// Forgets what came in one read with the message that is being received, behind it.
+    void dropFollowing();
+
 public slots:
-    /// Feeds received bytes to the process's one parser, whose state outlives disconnects.
+    /// Feeds received bytes to the process's one parser, whose state outlives disconnects. While a
+    /// receiver of a message runs the event loop, the messages behind it go on arriving.
     void slotPacketStateMachine(QByteArray data);
 
 signals:
     /// A complete message with its padded payload; command COMIO_CMD_CRC_ERROR for a damaged frame.
     void signalMessageReceived(ComioInterfaceCommand_TypeDef command, QVector<uint8_t> data);
+
+private:
+    void takeFollowingFromEventLoop();
+
+    bool m_followingIsScheduled = false;
 };

@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFile>
 #include <QMenuBar>
 #include <QSerialPort>
@@ -29,6 +30,7 @@ private slots:
     void keyConnectsUnderEitherText();
     void missingPortIsReported();
     void heldPortIsReported();
+    void portWithTooLongANameIsReported();
     void forbiddenPortIsReported();
     void fileThatIsNoPortIsReported();
     void successReplacesTheReport();
@@ -163,6 +165,22 @@ void tst_mainwindow_help::heldPortIsReported()
     QCOMPARE(status(tool), "Cannot open " + terminal.path() +
                                ": another program holds it. Close that program, then connect "
                                "again.");
+}
+
+void tst_mainwindow_help::portWithTooLongANameIsReported()
+{
+    PseudoTerminal terminal;
+    QTemporaryDir folder;
+    const QString middle = folder.filePath(QString(100, 'd'));
+    const QString path = middle + '/' + QString(251 - middle.size() - 1, 'c');
+    QVERIFY(QDir().mkpath(middle) && QFile::link(terminal.path(), path));
+
+    WindowUnderTest tool;
+    CapturedDiagnostics captured;
+    QVERIFY(!tool.connectTo(path));
+    QCOMPARE(status(tool), "Cannot open a port with so long a name. Make a link to it, then choose "
+                           "the link: " +
+                               path);
 }
 
 void tst_mainwindow_help::forbiddenPortIsReported()
