@@ -13,10 +13,10 @@ namespace wheel {
 /// widget that takes it by the wheel.
 inline void turn(QWidget *widget, int notches = -1)
 {
-    QWidget *window = widget->window();
-    const QPoint place = widget->mapTo(window, widget->rect().center());
-    QWidget *target = window->childAt(place);
-    QWheelEvent event(target->mapFrom(window, place), window->mapToGlobal(place), QPoint(),
+    const QPoint place = widget->rect().center();
+    QWidget *part = widget->childAt(place);
+    QWidget *target = part != nullptr ? part : widget;
+    QWheelEvent event(target->mapFrom(widget, place), widget->mapToGlobal(place), QPoint(),
                       QPoint(0, 120 * notches), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
                       false);
     QSpontaneKeyEvent::setSpontaneous(&event);
