@@ -183,6 +183,28 @@ Spalten: Zoomstellungen 1 bis 10; ganze Zahlen mit 32 Bit</translation>
         <source>Data files (*.dat *.DAT)</source>
         <translation>Datendateien (*.dat *.DAT)</translation>
     </message>
+    <message>
+        <source>HDMI</source>
+        <comment>output</comment>
+        <translation>HDMI</translation>
+    </message>
+    <message>
+        <source>Analog</source>
+        <comment>output</comment>
+        <translation>Analog</translation>
+    </message>
+    <message>
+        <source>%1 %2, zoom position %3: %4 becomes %5</source>
+        <translation>%1 %2, Zoomstellung %3: aus %4 wird %5</translation>
+    </message>
+    <message>
+        <source>Beyond 16 bits (-32768 to 32767), camera and file get another number:</source>
+        <translation>Mehr als 16 Bit (-32768 bis 32767), Kamera und Datei erhalten eine andere Zahl:</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
 </context>
 <context>
     <name>KovoDevices</name>
