@@ -1093,8 +1093,8 @@ https://www.quorvix.example/download.</translation>
         <translation>Serielle Daten/GPS-Daten</translation>
     </message>
     <message>
-        <source>Text that the camera receives on its serial port; the last 10000 lines are kept</source>
-        <translation>Text, den die Kamera an ihrer seriellen Schnittstelle empfängt; die letzten 10000 Zeilen bleiben erhalten</translation>
+        <source>Text that the camera receives on its serial port; the last 10000 lines are kept, of long lines the last 1048576 characters</source>
+        <translation>Text, den die Kamera an ihrer seriellen Schnittstelle empfängt; die letzten 10000 Zeilen bleiben erhalten, von langen Zeilen die letzten 1048576 Zeichen</translation>
     </message>
     <message>
         <source>Set &quot;Trigger &gt; Trigger mode&quot; to &quot;SBUS&quot; or &quot;PPM&quot; to enable configuration of channels</source>
