@@ -4,6 +4,7 @@
 #include "diagnostics/diagnostics.h"
 #include "factory/FactorySettings.h"
 #include "forms/messagebox.h"
+#include "forms/textbound.h"
 #include "link/SerialConnection.h"
 #include "link/kovoPacketManager.h"
 #include "sbus/sbusTester.h"
@@ -15,8 +16,16 @@
 
 #include <algorithm>
 
+namespace {
+
 // Each box that a message opens runs an event loop of its own on the stack.
-static constexpr int maximumNestedBoxes = 16;
+constexpr int maximumNestedBoxes = 16;
+
+/// Characters of GPS text that are kept, each a byte of the camera's. Lines alone, of which the box
+/// keeps 10,000, would be no bound: one may be of 100 kB.
+constexpr int gpsTextLimit = 1 << 20;
+
+} // namespace
 
 void MainWindow::send(ComioInterfaceCommand_TypeDef command, const QByteArray &payload)
 {
@@ -171,9 +180,10 @@ void MainWindow::showGpsText(const QVector<uint8_t> &payload)
     if (end == payload.end())
         diagnostics::err(
             QStringLiteral("<<< GPS text without an end, cut after %1 bytes").arg(payload.size()));
-    m_ui->pteGPSstream->appendPlainText(
-        QString::fromLatin1(reinterpret_cast<const char *>(payload.constData()),
-                            static_cast<int>(end - payload.begin())));
+    textbound::append(m_ui->pteGPSstream,
+                      QString::fromLatin1(reinterpret_cast<const char *>(payload.constData()),
+                                          static_cast<int>(end - payload.begin())),
+                      gpsTextLimit);
 }
 
 void MainWindow::showFocusAdjustment(const QVector<uint8_t> &payload)

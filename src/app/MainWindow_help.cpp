@@ -81,8 +81,8 @@ void MainWindow::slotOpenUserGuide()
 
 void MainWindow::slotShowAbout()
 {
-    QMessageBox::about(
-        this, tr("About Quorvix Configuration"),
+    QMessageBox box(
+        QMessageBox::Information, tr("About Quorvix Configuration"),
         tr("<h3>Quorvix Configuration %1</h3>"
            "<p>Sets up Quorvix Blend and Quorvix Blend Zoom thermal cameras.</p>"
            "<p>Running with Qt %2, built with Qt %3.</p>"
@@ -91,5 +91,9 @@ void MainWindow::slotShowAbout()
            "Their sources come from the Qt Project and from the distribution that installed "
            "them.</p>")
             .arg(QStringLiteral(QUORVIX_VERSION), QString::fromLatin1(qVersion()),
-                 QStringLiteral(QT_VERSION_STR)));
+                 QStringLiteral(QT_VERSION_STR)),
+        QMessageBox::Ok, this);
+    box.setDefaultButton(QMessageBox::Ok); // unlike Qt's own box, so that Space answers it too
+    box.setIconPixmap(windowIcon().pixmap(64));
+    box.exec();
 }

@@ -2,6 +2,7 @@
 
 #include "app/keyText.h"
 #include "diagnostics/diagnostics.h"
+#include "diagnostics/escaped.h"
 #include "forms/messagebox.h"
 #include "link/SerialConnection.h"
 #include "records/thermalCommPacket_Blend_R8_TypeDef.h"
@@ -104,9 +105,9 @@ void MainWindow::parseDeviceID(QVector<unsigned char> payload)
             "<<< MainWindow::parseDeviceID() could not parse struct, unknown device"));
         return;
     }
-    m_ui->statusBar->showMessage(
-        tr("Device ID: %1   Serial: %2")
-            .arg(QString::fromLatin1(model->shortName), serialNumber(payload)));
+    m_ui->statusBar->showMessage(tr("Device ID: %1   Serial: %2")
+                                     .arg(QString::fromLatin1(model->shortName),
+                                          diagnostics::escaped(serialNumber(payload))));
     checkFirmwareDate(firmwareDate);
     requestConfig(static_cast<KovoDeviceCRCKey_TypeDef>(key));
 }
@@ -159,7 +160,7 @@ bool MainWindow::changeDeviceName(const QString &name)
 {
     if (const Model *model = modelOfName(name))
         return m_devices->setDevice(model->key);
-    diagnostics::err(QStringLiteral("<< Device not implemented: ") + name);
+    diagnostics::err(QStringLiteral("<< Device not implemented: ") + diagnostics::escaped(name));
     return false;
 }
 

@@ -185,6 +185,8 @@ void MainWindow::on_cbHDMIVideoMode_activated(const QString &)
     QMessageBox box(this);
     box.setText(tr("<p>Change of video output requires you<br>to turn the device off "
                    "and on again.</p>"));
+    box.setStandardButtons(QMessageBox::Ok);
+    box.setDefaultButton(QMessageBox::Ok);
     box.exec();
 }
 

@@ -6,6 +6,7 @@
 #include "factory/FactorySettings.h"
 #include "factory/LiveEdit.h"
 #include "forms/busyindicator.h"
+#include "forms/inputs.h"
 #include "link/SerialConnection.h"
 #include "link/kovoPacketManager.h"
 #include "sbus/sbusTester.h"
@@ -40,7 +41,9 @@ void alignLabels(std::initializer_list<QFormLayout *> forms)
 
 MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), m_ui(new Ui::MainWindow)
 {
+    setLocale(inputs::locale());
     m_ui->setupUi(this);
+    inputs::guardAll(this);
 
     for (QWidget *widget : std::initializer_list<QWidget *>{
              m_ui->gb_Liveview_hotspotdetection, m_ui->gb_liveview_layerscaling,

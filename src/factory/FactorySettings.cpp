@@ -1,7 +1,9 @@
 #include "factory/FactorySettings.h"
 
 #include "diagnostics/diagnostics.h"
+#include "diagnostics/escaped.h"
 #include "factory/tables.h"
+#include "forms/inputs.h"
 #include "forms/messagebox.h"
 #include "ui_FactorySettings.h"
 
@@ -16,7 +18,9 @@ using diagnostics::out;
 FactorySettings::FactorySettings(QWidget *parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::FactorySettings>())
 {
+    setLocale(inputs::locale());
     m_ui->setupUi(this);
+    inputs::guardAll(this);
     setUpTables();
     for (QWidget *group : std::initializer_list<QWidget *>{
              m_ui->gb_QXB_LiveViewAdjustements, m_ui->gb_QXB_ArdviewAdjustements,
@@ -51,6 +55,7 @@ void FactorySettings::slotDeviceChanged(KovoDeviceCRCKey_TypeDef key)
     m_ui->gb_QXBZ_hdmi->setVisible(zoom);
     m_ui->gb_QXBZ_ardview->setVisible(zoom);
     m_ui->labelNoModel->setVisible(!zoom && !blend);
+    showCellsBeyond16Bit();
     if (!zoom && !blend)
         err(QStringLiteral("FactorySettings::slotDeviceChanged() Device not implemented"));
 }
@@ -211,14 +216,14 @@ void FactorySettings::showSerialNumber(const std::array<char, 12> &bytes)
     }
     const auto end = std::find(bytes.begin(), bytes.end(), '\0');
     const QString text = QString::fromLatin1(bytes.data(), int(end - bytes.begin()));
-    out(QStringLiteral("<<< ") + text);
+    out(QStringLiteral("<<< ") + diagnostics::escaped(text));
     m_ui->leSerialNumber->setText(text);
 }
 
 std::array<char, 12> FactorySettings::serialNumber() const
 {
     const QString text = m_ui->leSerialNumber->text();
-    out(QStringLiteral("<<< ") + text);
+    out(QStringLiteral("<<< ") + diagnostics::escaped(text));
     std::array<char, 12> bytes{};
     const QByteArray latin1 = text.toLatin1().left(int(bytes.size()));
     std::copy(latin1.begin(), latin1.end(), bytes.begin());

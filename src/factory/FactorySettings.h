@@ -108,6 +108,7 @@ private:
     std::array<char, 12> serialNumber() const;
 
     void setUpTables();
+    void showCellsBeyond16Bit();
     void setDisplacementColumn(QTableWidget *table, int column, const std::array<int, 7> &values);
 
     bool serialNumberNamesFile() const;

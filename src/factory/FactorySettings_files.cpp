@@ -1,4 +1,5 @@
 #include "diagnostics/diagnostics.h"
+#include "diagnostics/escaped.h"
 #include "factory/FactorySettings.h"
 #include "forms/recordfile.h"
 #include "ui_FactorySettings.h"
@@ -8,6 +9,7 @@
 #include <QFileDialog>
 #include <QTextStream>
 
+#include <algorithm>
 #include <cstring>
 
 using diagnostics::err;
@@ -31,7 +33,8 @@ void reportRows(QTextStream &stream, const QTableWidget *table)
 /// A full disk shows only when the buffered bytes reach it.
 void reportUnwritten(const QFile &file)
 {
-    err(QStringLiteral("<<< could not write %1: %2").arg(file.fileName(), file.errorString()));
+    err(QStringLiteral("<<< could not write %1: %2")
+            .arg(diagnostics::escaped(file.fileName()), file.errorString()));
 }
 
 /// Runs the dialog; the first path chosen, or nothing after a cancel.
@@ -40,7 +43,7 @@ QString chosenPath(QFileDialog &dialog)
     dialog.setViewMode(QFileDialog::Detail);
     QString path = recordfile::chosen(dialog);
     if (!path.isEmpty())
-        out(QStringLiteral("<<< ") + path);
+        out(QStringLiteral("<<< ") + diagnostics::escaped(path));
     return path;
 }
 
@@ -65,9 +68,13 @@ void FactorySettings::on_pb_ReadFile_clicked()
 bool FactorySettings::serialNumberNamesFile() const
 {
     const QString serial = m_ui->leSerialNumber->text();
-    if (!serial.contains(QLatin1Char('/')) && !serial.contains(QDir::separator()))
+    if (std::none_of(serial.begin(), serial.end(), [](QChar character) {
+            return character == QLatin1Char('/') || character == QDir::separator() ||
+                   diagnostics::isControl(character);
+        }))
         return true;
-    err(QStringLiteral("<<< the serial number cannot name a file: ") + serial);
+    err(QStringLiteral("<<< the serial number cannot name a file: ") +
+        diagnostics::escaped(serial));
     return false;
 }
 
@@ -82,7 +89,7 @@ void FactorySettings::writeFile(QString dir)
     if (!serialNumberNamesFile())
         return;
     QFile file(unitFileName(dir, QStringLiteral(".dat")));
-    out(QStringLiteral("<<< ") + file.fileName());
+    out(QStringLiteral("<<< ") + diagnostics::escaped(file.fileName()));
     if (recordfile::isPipe(file.fileName()) || !file.open(QIODevice::WriteOnly))
         return;
     if (activeDevice() != KovoDevice_QXBlendZoom) {
@@ -101,7 +108,7 @@ void FactorySettings::writeReport(QString dir)
     if (!serialNumberNamesFile())
         return;
     QFile file(unitFileName(dir, QStringLiteral(".txt")));
-    out(QStringLiteral("<<< ") + file.fileName());
+    out(QStringLiteral("<<< ") + diagnostics::escaped(file.fileName()));
     if (recordfile::isPipe(file.fileName()) || !file.open(QIODevice::WriteOnly | QIODevice::Text))
         return;
     if (activeDevice() != KovoDevice_QXBlendZoom) {

@@ -2,6 +2,7 @@
 #include "factory/FactorySettings.h"
 #include "factory/overlay.h"
 #include "factory/tables.h"
+#include "forms/inputs.h"
 #include "ui_FactorySettings.h"
 
 #include <QHeaderView>
@@ -63,8 +64,9 @@ overlay::Displacement displacement(const QTableWidget *table, int column)
     return {rows[0], rows[1], rows[2], rows[3], rows[4], rows[5], rows[6]};
 }
 
-/// Edits a displacement within the 16 bits that the record has for it.
-class DisplacementDelegate : public QStyledItemDelegate
+/// Edits any number that a cell may hold: looking at one must not change it, though the record
+/// keeps the low 16 bits of a displacement only.
+class NumberDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -75,10 +77,21 @@ public:
         auto *editor = new QSpinBox(parent);
         editor->setFrame(false);
         editor->setButtonSymbols(QAbstractSpinBox::NoButtons);
-        editor->setRange(std::numeric_limits<qint16>::min(), std::numeric_limits<qint16>::max());
+        editor->setRange(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
+        inputs::guard(editor);
         return editor;
     }
+
+    void setModelData(QWidget *editor, QAbstractItemModel *model,
+                      const QModelIndex &index) const override
+    {
+        if (static_cast<QSpinBox *>(editor)->value() != index.data().toInt())
+            QStyledItemDelegate::setModelData(editor, model, index);
+    }
 };
+
+/// How many numbers that the camera does not get are named one by one.
+constexpr int namedCells = 3;
 
 void reportSkippedColumn(const char *function, int column)
 {
@@ -96,9 +109,6 @@ void FactorySettings::setUpTables()
     fill(m_ui->tw_QXBZ_analog, initialAnalog);
     fill(m_ui->tw_QXBZ_ardview, initialArdview);
 
-    for (QTableWidget *table : {m_ui->tw_QXBZ_hdmi, m_ui->tw_QXBZ_analog})
-        table->setItemDelegate(new DisplacementDelegate(table));
-
     // Room for every row and number, and one width for the row headers, so that the zoom positions
     // of the three tables stand in line.
     const auto all = {m_ui->tw_QXBZ_hdmi, m_ui->tw_QXBZ_analog, m_ui->tw_QXBZ_ardview};
@@ -106,6 +116,8 @@ void FactorySettings::setUpTables()
     for (const QTableWidget *table : all)
         rowHeader = std::max(rowHeader, table->verticalHeader()->sizeHint().width());
     for (QTableWidget *table : all) {
+        table->setItemDelegate(new NumberDelegate(table));
+        connect(table, &QTableWidget::itemChanged, this, &FactorySettings::showCellsBeyond16Bit);
         QHeaderView *columns = table->horizontalHeader();
         const int frame = 2 * table->frameWidth();
         const int number = table->fontMetrics().horizontalAdvance(QStringLiteral("-32768")) + 16;
@@ -117,6 +129,33 @@ void FactorySettings::setUpTables()
         table->setFixedHeight(columns->sizeHint().height() + table->verticalHeader()->length() +
                               frame);
     }
+}
+
+void FactorySettings::showCellsBeyond16Bit()
+{
+    QStringList cells;
+    for (const auto &[table, output] : {std::pair(m_ui->tw_QXBZ_hdmi, tr("HDMI", "output")),
+                                        std::pair(m_ui->tw_QXBZ_analog, tr("Analog", "output"))})
+        for (int column = 0; column < table->columnCount(); ++column)
+            for (int row = 0; row < table->rowCount(); ++row) {
+                const int number = tables::number(table, row, column);
+                const auto stored = static_cast<qint16>(number);
+                if (stored != number)
+                    cells << tr("%1 %2, zoom position %3: %4 becomes %5")
+                                 .arg(output, table->verticalHeaderItem(row)->text())
+                                 .arg(column + 1)
+                                 .arg(number)
+                                 .arg(stored);
+            }
+    QString text;
+    if (!cells.isEmpty()) {
+        text = tr("Beyond 16 bits (-32768 to 32767), camera and file get another number:") +
+               QLatin1Char('\n') + cells.mid(0, namedCells).join(QLatin1Char('\n'));
+        if (cells.size() > namedCells)
+            text += QLatin1Char('\n') + tr("and %1 more").arg(cells.size() - namedCells);
+    }
+    m_ui->labelCellsBeyond16Bit->setText(text);
+    m_ui->labelCellsBeyond16Bit->setVisible(!text.isEmpty() && !m_ui->gb_QXBZ_hdmi->isHidden());
 }
 
 double FactorySettings::scaleHDMI256(int value)

@@ -1,6 +1,7 @@
 #include "factory/LiveEdit.h"
 
 #include "diagnostics/diagnostics.h"
+#include "forms/inputs.h"
 #include "records/FactorySettingsRecords.h"
 #include "ui_LiveEdit.h"
 
@@ -58,7 +59,9 @@ LiveEdit::LiveEdit(QWidget *parent)
     , m_fieldOfViewH()
     , m_timer(new QTimer(this))
 {
+    setLocale(inputs::locale());
     m_ui->setupUi(this);
+    inputs::guardAll(this);
     m_scale.box = m_ui->dsbScaleIntuitiv;
     m_fieldOfViewH.box = m_ui->dsbRGBFOVH;
     QListWidget *list = m_ui->lwFocalLengths;

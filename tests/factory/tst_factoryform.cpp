@@ -22,7 +22,7 @@ private slots:
     void labelsStandBesideTheirBoxes();
     void tablesHaveVisibleHeadersAndInitialContents();
     void columnsAreWideEnoughForTheirNumbers();
-    void cellsAreEditedWithinSixteenBits();
+    void cellsAreEdited();
     void showsNoModelGroupBeforeAModelIsKnown();
     void showsTheGroupsOfTheModel();
     void modelWithoutRecordHidesEverything();
@@ -138,7 +138,7 @@ void tst_FactoryForm::columnsAreWideEnoughForTheirNumbers()
     }
 }
 
-void tst_FactoryForm::cellsAreEditedWithinSixteenBits()
+void tst_FactoryForm::cellsAreEdited()
 {
     w->devices.setDevice(KovoDevice_QXBlendZoom);
     w->dialog.show();
@@ -149,8 +149,6 @@ void tst_FactoryForm::cellsAreEditedWithinSixteenBits()
         auto *editor = table->viewport()->findChild<QSpinBox *>();
         QVERIFY(editor != nullptr);
         QCOMPARE(editor->value(), table->item(2, 3)->text().toInt());
-        QCOMPARE(editor->minimum(), -32768);
-        QCOMPARE(editor->maximum(), 32767);
         editor->selectAll();
         QTest::keyClicks(editor, QStringLiteral("-1234"));
         QTest::keyClick(editor, Qt::Key_Return);

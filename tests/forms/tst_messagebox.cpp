@@ -2,6 +2,9 @@
 #include "support/captureddiagnostics.h"
 #include "support/modal.h"
 
+Q_DECLARE_METATYPE(QMessageBox::StandardButton)
+Q_DECLARE_METATYPE(messagebox::TitleBar)
+
 class TestMessageBox : public QObject
 {
     Q_OBJECT
@@ -47,6 +50,43 @@ private slots:
         });
         messagebox::accepted(&parent, {QStringLiteral("Title"), QStringLiteral("<p>x</p>"),
                                        QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel});
+    }
+
+    void keysGiveTheDefault_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<QMessageBox::StandardButton>("defaultButton");
+        QTest::addColumn<messagebox::TitleBar>("titleBar");
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space})
+            for (const auto button : {QMessageBox::Ok, QMessageBox::Cancel})
+                for (const auto titleBar : {messagebox::TitleBar::WithoutCloseButton,
+                                            messagebox::TitleBar::WithoutContextHelpButton})
+                    QTest::addRow("%s, default %s, title bar %d",
+                                  qPrintable(QKeySequence(key).toString()),
+                                  button == QMessageBox::Ok ? "Ok" : "Cancel", int(titleBar))
+                        << key << button << titleBar;
+    }
+    void keysGiveTheDefault()
+    {
+        QFETCH(Qt::Key, key);
+        QFETCH(QMessageBox::StandardButton, defaultButton);
+        QFETCH(messagebox::TitleBar, titleBar);
+        CapturedDiagnostics lines;
+        modal::Answer<QMessageBox> answer(modal::press(key));
+        const bool accepted = messagebox::accepted(
+            nullptr, {QStringLiteral("Title"), QStringLiteral("<p>x</p>"),
+                      QMessageBox::Ok | QMessageBox::Cancel, defaultButton, titleBar});
+        QVERIFY(answer.given());
+        QCOMPARE(accepted, defaultButton == QMessageBox::Ok);
+    }
+
+    void escapeCancels()
+    {
+        CapturedDiagnostics lines;
+        modal::Answer<QMessageBox> answer(modal::press(Qt::Key_Escape));
+        QVERIFY(!messagebox::accepted(nullptr, {QStringLiteral("Title"), QStringLiteral("<p>x</p>"),
+                                                QMessageBox::Ok | QMessageBox::Cancel}));
+        QVERIFY(answer.given());
     }
 
     void closeButtonCanBeLeftOut()

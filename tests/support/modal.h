@@ -84,6 +84,24 @@ inline std::function<void(QMessageBox *)> click(QMessageBox::StandardButton butt
     };
 }
 
+/// Presses a key in a message box as an operator does: it goes to whatever has the focus there. A
+/// key that does not end the box fails the test.
+inline std::function<void(QMessageBox *)> press(Qt::Key key)
+{
+    return [key](QMessageBox *box) {
+        if (!QTest::qWaitForWindowActive(box)) {
+            QTest::qFail("the message box never became active", __FILE__, __LINE__);
+            return box->reject();
+        }
+        QWidget *focus = box->focusWidget();
+        QTest::keyClick(focus != nullptr ? focus : box, key);
+        if (box->isVisible()) {
+            QTest::qFail("the key did not answer the message box", __FILE__, __LINE__);
+            box->reject();
+        }
+    };
+}
+
 /// Closes any dialog as its Cancel button, Escape or the window's cross would.
 template <class Dialog>
 std::function<void(Dialog *)> cancel()

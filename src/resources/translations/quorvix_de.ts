@@ -183,6 +183,28 @@ Spalten: Zoomstellungen 1 bis 10; ganze Zahlen mit 32 Bit</translation>
         <source>Data files (*.dat *.DAT)</source>
         <translation>Datendateien (*.dat *.DAT)</translation>
     </message>
+<message>
+        <source>HDMI</source>
+        <comment>output</comment>
+        <translation>HDMI</translation>
+    </message>
+    <message>
+        <source>Analog</source>
+        <comment>output</comment>
+        <translation>Analog</translation>
+    </message>
+    <message>
+        <source>%1 %2, zoom position %3: %4 becomes %5</source>
+        <translation>%1 %2, Zoomstellung %3: aus %4 wird %5</translation>
+    </message>
+    <message>
+        <source>Beyond 16 bits (-32768 to 32767), camera and file get another number:</source>
+        <translation>Mehr als 16 Bit (-32768 bis 32767), Kamera und Datei erhalten eine andere Zahl:</translation>
+    </message>
+    <message>
+        <source>and %1 more</source>
+        <translation>und %1 weitere</translation>
+    </message>
 </context>
 <context>
     <name>KovoDevices</name>
@@ -2103,7 +2125,11 @@ https://www.quorvix.example/download.</translation>
         <source>Cannot open a port with so long a name. Make a link to it, then choose the link: %1</source>
         <translation>Eine Schnittstelle mit so langem Namen lässt sich nicht öffnen. Legen Sie einen Verweis darauf an und wählen Sie diesen: %1</translation>
     </message>
-</context>
+<message>
+        <source>Text that the camera receives on its serial port; the last 10000 lines are kept, of long lines the last 1048576 characters</source>
+        <translation>Text, den die Kamera an ihrer seriellen Schnittstelle empfängt; die letzten 10000 Zeilen bleiben erhalten, von langen Zeilen die letzten 1048576 Zeichen</translation>
+    </message>
+    </context>
 <context>
     <name>sbusTester</name>
     <message>
