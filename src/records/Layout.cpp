@@ -76,19 +76,25 @@ Verdict judge(const QByteArray &bytes)
     return judge(reinterpret_cast<const uchar *>(bytes.constData()), bytes.size());
 }
 
+/// Whether both records hold the same bytes there, a byte behind the end being equal to none.
+static bool agree(const QByteArray &one, const QByteArray &other, const Wire &wire)
+{
+    const auto end = [&](const QByteArray &record) {
+        return record.cbegin() + std::min(wire.end(), record.size());
+    };
+    const auto begin = [&](const QByteArray &record) {
+        return record.cbegin() + std::min(wire.offset, record.size());
+    };
+    return std::equal(begin(one), end(one), begin(other), end(other));
+}
+
 std::vector<const Field *> differences(const Layout &layout, const std::vector<QByteArray> &records)
 {
     std::vector<const Field *> differing;
-    const auto bytesOf = [](const QByteArray &record, const Wire &wire) {
-        const int begin = std::min(wire.offset, record.size());
-        const int end = std::min(wire.end(), record.size());
-        return QByteArray::fromRawData(record.constData() + begin, end - begin);
-    };
     for (const Field &field : layout)
-        for (const QByteArray &record : records)
-            if (bytesOf(record, field.wire) != bytesOf(records.front(), field.wire)) {
-                differing.push_back(&field);
-                break;
-            }
+        if (!std::all_of(records.begin(), records.end(), [&](const QByteArray &record) {
+                return agree(record, records.front(), field.wire);
+            }))
+            differing.push_back(&field);
     return differing;
 }
