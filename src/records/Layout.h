@@ -32,13 +32,19 @@ struct Layout
     constexpr const Field *begin() const { return firstField; }
     constexpr const Field *end() const { return firstField + fieldCount; }
 
-    /// The field that begins at `offset`; null if none does.
-    constexpr const Field *fieldAt(int offset) const
+    /// Position of the field that begins at `offset`; -1 if none does.
+    constexpr int positionAt(int offset) const
     {
-        for (const Field &field : *this)
-            if (field.wire.offset == offset)
-                return &field;
-        return nullptr;
+        for (int position = 0; position < fieldCount; ++position)
+            if (firstField[position].wire.offset == offset)
+                return position;
+        return -1;
+    }
+    /// That field; null if none begins there.
+    const Field *fieldAt(int offset) const
+    {
+        const int position = positionAt(offset);
+        return position < 0 ? nullptr : firstField + position;
     }
     /// The field of that name; null if this record has none.
     const Field *field(QLatin1String name) const;
@@ -59,9 +65,9 @@ inline constexpr Layout layoutOf{};
 /// compile.
 #define FIELD_OF(Record, member)                                                                   \
     ([]() -> const Field & {                                                                       \
-        constexpr const Field *field = layoutOf<Record>.fieldAt(offsetof(Record, member));         \
-        static_assert(field != nullptr, #member " is no field");                                   \
-        return *field;                                                                             \
+        constexpr int position = layoutOf<Record>.positionAt(offsetof(Record, member));            \
+        static_assert(position >= 0, #member " is no field");                                      \
+        return layoutOf<Record>.firstField[position];                                              \
     }())
 
 /// Whether every byte between header and CRC belongs to exactly one field.

@@ -110,7 +110,7 @@ private slots:
     {
         QFETCH(const Layout *, layout);
         QRandomGenerator random(20181212);
-        for (int round = 0; round < 500; ++round) {
+        for (int round = 0; round < 200; ++round) {
             QByteArray record = randomRecord(*layout, random);
             if (round % 2) { // mostly what the tool writes
                 QByteArray plain = blank(*layout);
