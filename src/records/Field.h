@@ -14,6 +14,7 @@ struct Wire
 
     constexpr int size() const { return width * count; }
     constexpr int end() const { return offset + size(); }
+    constexpr int offsetOf(int entry) const { return offset + entry * width; }
     constexpr qint64 minimum() const { return isSigned ? -(qint64(1) << (8 * width - 1)) : 0; }
     constexpr qint64 maximum() const { return (qint64(1) << (8 * width - (isSigned ? 1 : 0))) - 1; }
 };
@@ -79,9 +80,12 @@ inline constexpr Codec plain = shifted<0>;
 
 /// Whole numbers, stored `factor` times as large; the remainder is dropped when they are shown.
 template <int factor>
-inline constexpr Codec multiplied{
-    [](qint64 stored) { return static_cast<double>(stored / factor); },
-    [](double shown) { return static_cast<qint64>(shown) * factor; }, 0};
+inline constexpr Codec multiplied{[](qint64 stored) {
+                                      const qint64 whole = stored / factor;
+                                      return static_cast<double>(whole);
+                                  },
+                                  [](double shown) { return static_cast<qint64>(shown) * factor; },
+                                  0};
 
 /// Two decimals, stored as hundredths. The product is cut, not rounded: 0.29 is stored as 28, as
 /// cameras have always got it.

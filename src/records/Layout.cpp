@@ -9,8 +9,8 @@
 
 const Field *Layout::field(QLatin1String name) const
 {
-    const Field *found =
-        std::find_if(begin(), end(), [=](const Field &field) { return name == field.name; });
+    const Field *found = std::find_if(
+        begin(), end(), [=](const Field &field) { return name == QLatin1String(field.name); });
     return found == end() ? nullptr : found;
 }
 

@@ -7,7 +7,7 @@
 /// The number that entry `entry` of a wire stores in `record`.
 inline qint64 stored(const Wire &wire, const uchar *record, int entry = 0)
 {
-    const uchar *bytes = record + wire.offset + entry * wire.width;
+    const uchar *bytes = record + wire.offsetOf(entry);
     switch (wire.width) {
     case 1:
         return wire.isSigned ? static_cast<qint8>(*bytes) : qint64(*bytes);
@@ -23,7 +23,7 @@ inline qint64 stored(const Wire &wire, const uchar *record, int entry = 0)
 /// Stores a number, cut to the width of the wire.
 inline void putStored(const Wire &wire, uchar *record, qint64 number, int entry = 0)
 {
-    uchar *bytes = record + wire.offset + entry * wire.width;
+    uchar *bytes = record + wire.offsetOf(entry);
     switch (wire.width) {
     case 1:
         *bytes = static_cast<uchar>(number);

@@ -179,7 +179,7 @@ QString set(const Field &field, const QJsonValue &value, Values values, uchar *r
         if (!value.isString())
             return QStringLiteral("is no text");
         const QString typed = value.toString();
-        const QString defect = text::set(field, typed, record);
+        QString defect = text::set(field, typed, record);
         if (defect.isEmpty() || values == Values::Typed || typed.size() > field.wire.size())
             return defect;
         QByteArray carried(field.wire.end(), '\0');
