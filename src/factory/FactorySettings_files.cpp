@@ -1,5 +1,6 @@
 #include "diagnostics/diagnostics.h"
 #include "factory/FactorySettings.h"
+#include "forms/filedialog.h"
 #include "forms/recordfile.h"
 #include "ui_FactorySettings.h"
 
@@ -38,7 +39,7 @@ void reportUnwritten(const QFile &file)
 QString chosenPath(QFileDialog &dialog)
 {
     dialog.setViewMode(QFileDialog::Detail);
-    QString path = recordfile::chosen(dialog);
+    QString path = filedialog::chosen(dialog);
     if (!path.isEmpty())
         out(QStringLiteral("<<< ") + path);
     return path;
