@@ -1,6 +1,6 @@
-#include "factory/FitScrollArea.h"
 #include "factory/factorywindow.h"
 #include "factory/liveeditwindow.h"
+#include "forms/FitScrollArea.h"
 
 #include <QLayout>
 #include <QScreen>
