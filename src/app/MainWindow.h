@@ -5,6 +5,7 @@
 #include "forms/guistatus.h"
 #include "link/ComioInterfaceCommand.h"
 
+#include <QList>
 #include <QMainWindow>
 #include <QStringList>
 #include <QVector>
@@ -13,6 +14,7 @@ namespace Ui {
 class MainWindow;
 }
 class FactorySettings;
+class FitScrollArea;
 class LiveEdit;
 class SerialConnection;
 class kovoPacketManager;
@@ -193,6 +195,9 @@ public slots:
     void slotSetFactorySettings_CurrentAnaloge(int16_t a, int16_t b, int16_t c, int16_t d,
                                                int16_t e, int16_t f, int16_t g);
 
+    // MainWindow_screen.cpp: small screens, focus, marks
+    void on_leFrameSkip_textChanged(const QString &text);
+
     // MainWindow_help.cpp: help menu, keys
     void slotOpenUserGuide();
     void slotShowAbout();
@@ -201,6 +206,9 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    void makePagesScroll();
+    void fitToScreen();
+    void placeFirstFocus();
     void alignLabelColumns();
     void fillEnumerationLists();
     void createCompanions();
@@ -225,6 +233,8 @@ private:
     LiveEdit *m_liveEdit = nullptr;
     guistatus m_status;
     bool m_openFailureShown = false; ///< by the status bar
+    QList<FitScrollArea *> m_pageAreas;
+    QAction *m_frameSkipMark = nullptr; ///< null while the text is a number
 
     RecordTable m_blendTable;     ///< built at its first use
     RecordTable m_blendZoomTable; ///< built at its first use

@@ -49,6 +49,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), m_ui(new Ui::Main
 
     alignLabelColumns();
     fillEnumerationLists();
+    makePagesScroll(); // with the lists full: they keep the width they are first asked for
     createCompanions();
     createHelpMenu();
     createShortcuts();
@@ -60,6 +61,8 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), m_ui(new Ui::Main
     m_ui->pb_TestWindow->hide();
     // The form has tabs 0 to 7: a harmless no-op that keeps a ninth one out.
     m_ui->tabWidget->removeTab(8);
+    placeFirstFocus();
+    fitToScreen();
 }
 
 MainWindow::~MainWindow()
@@ -189,7 +192,10 @@ bool MainWindow::event(QEvent *event)
     if (event->type() == QEvent::StatusTip &&
         static_cast<QStatusTipEvent *>(event)->tip().isEmpty())
         return true;
-    return QMainWindow::event(event);
+    const bool done = QMainWindow::event(event);
+    if (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest)
+        fitToScreen();
+    return done;
 }
 
 void MainWindow::slotNewPortList(QStringList ports)
