@@ -115,8 +115,8 @@ void MainWindow::on_leFrameSkip_textChanged(const QString &text)
     m_frameSkipMark = edit->addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning),
                                       QLineEdit::TrailingPosition);
     m_frameSkipMark->setToolTip(why);
-    QPalette palette = edit->palette();
-    palette.setColor(QPalette::Base, reddened(palette.base().color()));
+    QPalette palette; // the rest stays inherited
+    palette.setColor(QPalette::Base, reddened(edit->palette().base().color()));
     edit->setPalette(palette);
     edit->setAccessibleDescription(why);
 }

@@ -197,7 +197,7 @@ private slots:
         process.setProcessEnvironment(environment);
         process.setProcessChannelMode(QProcess::MergedChannels);
         process.start(QCoreApplication::applicationFilePath(), {onScreenOption, language});
-        QVERIFY(process.waitForFinished(60000));
+        QVERIFY(process.waitForFinished(120000));
         const QByteArray report = process.readAll();
         QVERIFY2(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0,
                  report.constData());

@@ -2051,6 +2051,14 @@ https://www.quorvix.example/download.</translation>
         <source>Trigge&amp;r high</source>
         <translation>Obere Triggersch&amp;welle</translation>
     </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>No whole number from 0 to 4294967295: 0 is stored</source>
+        <translation>Keine ganze Zahl von 0 bis 4294967295: gespeichert wird 0</translation>
+    </message>
 </context>
 <context>
     <name>sbusTester</name>
