@@ -208,7 +208,6 @@ protected:
 private:
     void makePagesScroll();
     void fitToScreen();
-    void placeFirstFocus();
     void alignLabelColumns();
     void fillEnumerationLists();
     void createCompanions();

@@ -91,13 +91,6 @@ void MainWindow::fitToScreen()
                                screen()->availableSize().width() - width);
 }
 
-/// Shows which field a key would act on: one where it changes nothing of the configuration.
-void MainWindow::placeFirstFocus()
-{
-    m_ui->comboBoxPort->setFocus();
-    setAttribute(Qt::WA_KeyboardFocusChange);
-}
-
 void MainWindow::on_leFrameSkip_textChanged(const QString &text)
 {
     bool isNumber = false;

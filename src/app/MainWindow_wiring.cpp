@@ -10,6 +10,8 @@
 #include "sbus/sbusTester.h"
 #include "ui_MainWindow.h"
 
+#include <QMenuBar>
+#include <QScreen>
 #include <QStatusTipEvent>
 
 #include <algorithm>
@@ -61,7 +63,9 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), m_ui(new Ui::Main
     m_ui->pb_TestWindow->hide();
     // The form has tabs 0 to 7: a harmless no-op that keeps a ninth one out.
     m_ui->tabWidget->removeTab(8);
-    placeFirstFocus();
+    m_ui->comboBoxPort->setFocus(); // where a key changes nothing of the configuration
+    // Asked for its height before it has a width, the menu bar would fold its menus.
+    menuBar()->resize(screen()->availableSize().width(), menuBar()->height());
     fitToScreen();
 }
 
@@ -193,6 +197,12 @@ bool MainWindow::event(QEvent *event)
         static_cast<QStatusTipEvent *>(event)->tip().isEmpty())
         return true;
     const bool done = QMainWindow::event(event);
+    // Showing a window hides the frame around its focus until the first key.
+    if (event->type() == QEvent::WindowActivate) {
+        setAttribute(Qt::WA_KeyboardFocusChange);
+        if (focusWidget())
+            focusWidget()->update();
+    }
     if (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest)
         fitToScreen();
     return done;

@@ -150,6 +150,8 @@ private:
                 !field->isVisible() || field->objectName().startsWith("qt_"))
                 continue;
             field->setFocus(Qt::ShortcutFocusReason);
+            field = QApplication::focusWidget(); // the bar of a tab widget, say
+            QVERIFY(field && area->isAncestorOf(field));
             const QRect view = area->viewport()->rect();
             const QRect place(field->mapTo(area->viewport(), QPoint()), field->size());
             // As far as the view has the room.
