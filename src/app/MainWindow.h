@@ -6,6 +6,7 @@
 #include "link/ComioInterfaceCommand.h"
 #include "link/MessageQueue.h"
 
+#include <QList>
 #include <QMainWindow>
 #include <QStringList>
 #include <QVector>
@@ -14,6 +15,7 @@ namespace Ui {
 class MainWindow;
 }
 class FactorySettings;
+class FitScrollArea;
 class LiveEdit;
 class SerialConnection;
 class kovoPacketManager;
@@ -196,6 +198,9 @@ public slots:
     void slotSetFactorySettings_CurrentAnaloge(int16_t a, int16_t b, int16_t c, int16_t d,
                                                int16_t e, int16_t f, int16_t g);
 
+    // MainWindow_screen.cpp: small screens, focus, marks
+    void on_leFrameSkip_textChanged(const QString &text);
+
     // MainWindow_help.cpp: help menu, keys
     void slotOpenUserGuide();
     void slotShowAbout();
@@ -204,6 +209,8 @@ protected:
     bool event(QEvent *event) override;
 
 private:
+    void makePagesScroll();
+    void fitToScreen();
     void alignLabelColumns();
     void fillEnumerationLists();
     void createCompanions();
@@ -233,6 +240,8 @@ private:
     LiveEdit *m_liveEdit = nullptr;
     guistatus m_status;
     bool m_openFailureShown = false; ///< by the status bar
+    QList<FitScrollArea *> m_pageAreas;
+    QAction *m_frameSkipMark = nullptr; ///< null while the text is a number
 
     MessageQueue m_waitingMessages;
     bool m_waitingAreScheduled = false;

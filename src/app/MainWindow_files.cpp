@@ -1,6 +1,7 @@
 #include "app/MainWindow.h"
 
 #include "diagnostics/diagnostics.h"
+#include "forms/filedialog.h"
 #include "forms/messagebox.h"
 #include "forms/recordfile.h"
 #include "link/SerialConnection.h"
@@ -98,7 +99,7 @@ void MainWindow::setConfig_qx_blend_zoom()
 
 void MainWindow::setConfig_qx_2_0()
 {
-    const QString path = QFileDialog::getSaveFileName(
+    const QString path = filedialog::saveFileName(
         this, tr("Save File"), QStringLiteral("QXCONFIG.BIN"), QStringLiteral(".BIN"));
     // No layout of the 2.0 record is known: the file is a record of zeros. What an existing file
     // holds beyond it stays.
@@ -115,9 +116,9 @@ void MainWindow::on_actionOpen_triggered()
 {
     QFileDialog dialog(this);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setNameFilter(tr("Binary files (*.bin *.BIN)"));
+    dialog.setNameFilters({tr("Binary files (*.bin *.BIN)"), tr("All files (*)")});
     dialog.setViewMode(QFileDialog::Detail);
-    const QString path = recordfile::chosen(dialog);
+    const QString path = filedialog::chosen(dialog);
     if (!path.isEmpty())
         loadConfigurationFile(path);
 }
@@ -144,7 +145,7 @@ void MainWindow::on_actionSave_triggered()
     dialog.setFileMode(QFileDialog::AnyFile);
     dialog.setNameFilter(tr("Binary files (*bin *.BIN)"));
     dialog.setViewMode(QFileDialog::List);
-    const QString path = recordfile::chosen(dialog);
+    const QString path = filedialog::chosen(dialog);
     if (!path.isEmpty())
         saveConfigurationFile(path);
 }

@@ -23,6 +23,31 @@ QString userGuide()
     return {};
 }
 
+/// Acts in place of a button's own key while the button is hidden: that key goes with it.
+class KeyOfHiddenButton : public QShortcut
+{
+public:
+    explicit KeyOfHiddenButton(QAbstractButton *button)
+        : QShortcut(QKeySequence(), button->window(), [button] { button->click(); })
+        , m_button(button)
+    {
+        follow();
+        button->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::ShowToParent || event->type() == QEvent::HideToParent)
+            follow();
+        return QShortcut::eventFilter(watched, event);
+    }
+
+private:
+    void follow() { setKey(m_button->isHidden() ? m_button->shortcut() : QKeySequence()); }
+
+    QAbstractButton *m_button;
+};
+
 } // namespace
 
 void MainWindow::createHelpMenu()
@@ -53,8 +78,10 @@ void MainWindow::createShortcuts()
     m_ui->btnReadConf->setShortcut(QKeySequence::Refresh);
     m_ui->btnSetConf->setShortcut(Qt::CTRL + Qt::SHIFT + Qt::Key_S);
     m_ui->pbLivePreview->setShortcut(Qt::Key_F6);
-    // Beside the button: it loses a shortcut of its own when its text changes.
-    new QShortcut(Qt::CTRL + Qt::Key_K, m_ui->btConnectDisconnect, SLOT(click()));
+    for (QAbstractButton *button : {m_ui->btnReadConf, m_ui->btnSetConf, m_ui->pbLivePreview})
+        new KeyOfHiddenButton(button);
+    // The window's: a button's own goes when it is hidden, or its text changes.
+    new QShortcut(Qt::CTRL + Qt::Key_K, this, [this] { m_ui->btConnectDisconnect->click(); });
     new QShortcut(QKeySequence(tr("Alt+F", "opens the File menu")), this,
                   [this] { m_ui->menuBar->setActiveAction(m_ui->menuFile->menuAction()); });
     for (int tab = 0; tab < m_ui->tabWidget->count(); ++tab)

@@ -12,6 +12,8 @@
 #include "sbus/sbusTester.h"
 #include "ui_MainWindow.h"
 
+#include <QMenuBar>
+#include <QScreen>
 #include <QStatusTipEvent>
 
 #include <algorithm>
@@ -53,6 +55,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), m_ui(new Ui::Main
 
     alignLabelColumns();
     fillEnumerationLists();
+    makePagesScroll(); // with the lists full: they keep the width they are first asked for
     createCompanions();
     createHelpMenu();
     createShortcuts();
@@ -65,6 +68,10 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), m_ui(new Ui::Main
     m_ui->pb_TestWindow->hide();
     // The form has tabs 0 to 7: a harmless no-op that keeps a ninth one out.
     m_ui->tabWidget->removeTab(8);
+    m_ui->comboBoxPort->setFocus(); // where a key changes nothing of the configuration
+    // Asked for its height before it has a width, the menu bar would fold its menus.
+    menuBar()->resize(screen()->availableSize().width(), menuBar()->height());
+    fitToScreen();
 }
 
 MainWindow::~MainWindow()
@@ -194,7 +201,16 @@ bool MainWindow::event(QEvent *event)
     if (event->type() == QEvent::StatusTip &&
         static_cast<QStatusTipEvent *>(event)->tip().isEmpty())
         return true;
-    return QMainWindow::event(event);
+    const bool done = QMainWindow::event(event);
+    // Showing a window hides the frame around its focus until the first key.
+    if (event->type() == QEvent::WindowActivate) {
+        setAttribute(Qt::WA_KeyboardFocusChange);
+        if (focusWidget())
+            focusWidget()->update();
+    }
+    if (event->type() == QEvent::Show || event->type() == QEvent::LayoutRequest)
+        fitToScreen();
+    return done;
 }
 
 void MainWindow::slotNewPortList(QStringList ports)

@@ -5,6 +5,7 @@
 #include "factory/tables.h"
 #include "forms/inputs.h"
 #include "forms/messagebox.h"
+#include "forms/narrowscreen.h"
 #include "ui_FactorySettings.h"
 
 #include <QScopedValueRollback>
@@ -26,6 +27,8 @@ FactorySettings::FactorySettings(QWidget *parent)
              m_ui->gb_QXB_LiveViewAdjustements, m_ui->gb_QXB_ArdviewAdjustements,
              m_ui->gb_QXBZ_analog, m_ui->gb_QXBZ_hdmi, m_ui->gb_QXBZ_ardview})
         group->hide();
+    narrowscreen::breakRow(m_ui->layoutButtons, m_ui->verticalLayout,
+                           m_ui->layoutButtons->indexOf(m_ui->btnCalcADFromHDMI));
 }
 
 FactorySettings::~FactorySettings() = default;

@@ -1,6 +1,7 @@
 #include "diagnostics/diagnostics.h"
 #include "diagnostics/escaped.h"
 #include "factory/FactorySettings.h"
+#include "forms/filedialog.h"
 #include "forms/recordfile.h"
 #include "ui_FactorySettings.h"
 
@@ -41,7 +42,7 @@ void reportUnwritten(const QFile &file)
 QString chosenPath(QFileDialog &dialog)
 {
     dialog.setViewMode(QFileDialog::Detail);
-    QString path = recordfile::chosen(dialog);
+    QString path = filedialog::chosen(dialog);
     if (!path.isEmpty())
         out(QStringLiteral("<<< ") + diagnostics::escaped(path));
     return path;

@@ -128,6 +128,17 @@ void FactorySettings::setUpTables()
         table->setMinimumWidth(rowHeader + zoomPositions * number + frame);
         table->setFixedHeight(columns->sizeHint().height() + table->verticalHeader()->length() +
                               frame);
+        // Bars of its own, once there, would take the room for which they are there.
+        table->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        table->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        // The keys go from cell to cell, on a small screen beyond what is in view.
+        connect(table, &QTableWidget::currentItemChanged, this,
+                [this, table](const QTableWidgetItem *cell) {
+                    const QRect place = table->visualItemRect(cell);
+                    const QPoint centre = table->viewport()->mapTo(m_ui->content, place.center());
+                    m_ui->scrollArea->ensureVisible(centre.x(), centre.y(), place.width(),
+                                                    place.height());
+                });
     }
 }
 

@@ -1,6 +1,6 @@
 #include "forms/recordfile.h"
 
-#include <QFileDialog>
+#include <QFile>
 #include <QFileInfo>
 
 #ifdef Q_OS_UNIX
@@ -10,11 +10,6 @@
 namespace recordfile {
 
 constexpr qint64 longestRead = 0x10000;
-
-QString chosen(QFileDialog &dialog)
-{
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
-}
 
 std::optional<QByteArray> read(const QString &path)
 {

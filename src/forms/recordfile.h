@@ -5,13 +5,8 @@
 
 #include <optional>
 
-class QFileDialog;
-
 /// Files that hold one record.
 namespace recordfile {
-
-/// Runs the dialog; the file or folder chosen, empty after a cancel.
-QString chosen(QFileDialog &dialog);
 
 /// What a regular file holds, at most 64 KiB: more than any record, enough to judge a file by,
 /// whatever its size. Nothing if it cannot be opened, or is a pipe, say, which would keep the

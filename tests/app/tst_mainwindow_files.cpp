@@ -85,7 +85,9 @@ private slots:
         WindowUnderTest tool;
         modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
             QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFile);
-            QCOMPARE(dialog->nameFilters(), QStringList{"Binary files (*.bin *.BIN)"});
+            QCOMPARE(dialog->nameFilters(),
+                     (QStringList{"Binary files (*.bin *.BIN)", "All files (*)"}));
+            QCOMPARE(dialog->selectedNameFilter(), dialog->nameFilters().first());
             QCOMPARE(dialog->viewMode(), QFileDialog::Detail);
             QCOMPARE(dialog->parentWidget(), &tool.window);
             modal::choose(file)(dialog);

@@ -1,6 +1,6 @@
-#include "factory/FitScrollArea.h"
 #include "factory/factorywindow.h"
 #include "factory/liveeditwindow.h"
+#include "forms/FitScrollArea.h"
 
 #include <QLayout>
 #include <QScreen>
@@ -68,6 +68,7 @@ private slots:
     void factoryDialogFitsALaptop_data();
     void factoryDialogFitsALaptop();
     void factoryDialogGrowsWithItsModel();
+    void chosenCellComesIntoView();
     void editorFitsALaptop();
     void minimumIsTheContentAsFarAsTheScreenReaches();
 };
@@ -96,6 +97,27 @@ void tst_FitScrollArea::factoryDialogGrowsWithItsModel()
     w.devices.setDevice(KovoDevice_QXBlendZoom);
     QTRY_VERIFY(w.dialog.minimumHeight() > before);
     QVERIFY(fits(w.dialog.minimumSize(), laptop));
+}
+
+void tst_FitScrollArea::chosenCellComesIntoView()
+{
+    FactoryWindow w;
+    w.devices.setDevice(KovoDevice_QXBlendZoom);
+    ::open(w.dialog);
+    w.dialog.layout()->setSizeConstraint(QLayout::SetNoConstraint);
+    w.dialog.setMinimumSize(1, 1);
+    w.dialog.resize(w.dialog.width() / 2, w.dialog.height() / 2);
+    QTRY_VERIFY(areaOf(w.dialog)->horizontalScrollBar()->isVisible());
+    for (const char *name : tableNames) {
+        QTableWidget *table = w.table(name);
+        const int row = table->rowCount() - 1;
+        const int column = table->columnCount() - 1;
+        table->setCurrentCell(0, 0);
+        table->setCurrentCell(row, column);
+        const QRect cell = table->visualItemRect(table->item(row, column));
+        QVERIFY(table->viewport()->rect().contains(cell)); // no bar of its own covers it
+        QVERIFY2(table->viewport()->visibleRegion().contains(cell.center()), name);
+    }
 }
 
 void tst_FitScrollArea::editorFitsALaptop()

@@ -54,6 +54,45 @@ private slots:
         QCOMPARE(view.quickWindow()->color(), QColor(20, 30, 40));
     }
 
+    void circleIsSeenOnAnyWindow_data()
+    {
+        QTest::addColumn<QColor>("ground");
+        QTest::addColumn<QColor>("text");
+        QTest::newRow("light") << QColor(239, 239, 239) << QColor(Qt::black);
+        QTest::newRow("dark") << QColor(53, 53, 53) << QColor(Qt::white);
+    }
+    void circleIsSeenOnAnyWindow()
+    {
+        QFETCH(QColor, ground);
+        QFETCH(QColor, text);
+        const QPalette before = QApplication::palette();
+        QPalette palette = before;
+        palette.setColor(QPalette::Window, ground);
+        palette.setColor(QPalette::WindowText, text);
+        QApplication::setPalette(palette);
+        guistatus status;
+        QQuickWidget view;
+        view.setResizeMode(QQuickWidget::SizeRootObjectToView);
+        view.resize(32, 32);
+        busyindicator::load(&view, &status, ground);
+        view.show();
+        status.setBusy(true);
+        // The circle has pixels that stand out as its text does, if less.
+        const int least = qAbs(qGray(text.rgb()) - qGray(ground.rgb())) * 2 / 3;
+        const auto clearPixels = [&] {
+            const QImage image = view.grabFramebuffer();
+            int count = 0;
+            for (int x = 0; x < image.width(); ++x)
+                for (int y = 0; y < image.height(); ++y)
+                    count += qAbs(qGray(image.pixel(x, y)) - qGray(ground.rgb())) >= least;
+            return count;
+        };
+        QTRY_VERIFY(clearPixels() > 20);
+        status.setBusy(false);
+        QTRY_COMPARE(clearPixels(), 0);
+        QApplication::setPalette(before);
+    }
+
     void unloadedIndicatorOutlivesItsState()
     {
         QQuickWidget view;

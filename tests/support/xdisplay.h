@@ -20,10 +20,10 @@ public:
         m_server.waitForFinished();
     }
 
-    bool start()
+    bool start(const QString &screen = QStringLiteral("1280x1024x24"))
     {
         m_server.start(QStringLiteral("Xvfb"),
-                       {"-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"});
+                       {"-displayfd", "1", "-screen", "0", screen, "-nolisten", "tcp"});
         QByteArray number;
         while (!number.endsWith('\n') && m_server.waitForReadyRead(20000))
             number += m_server.readAllStandardOutput();

@@ -2129,7 +2129,15 @@ https://www.quorvix.example/download.</translation>
         <source>Text that the camera receives on its serial port; the last 10000 lines are kept, of long lines the last 1048576 characters</source>
         <translation>Text, den die Kamera an ihrer seriellen Schnittstelle empfängt; die letzten 10000 Zeilen bleiben erhalten, von langen Zeilen die letzten 1048576 Zeichen</translation>
     </message>
-    </context>
+    <message>
+        <source>All files (*)</source>
+        <translation>Alle Dateien (*)</translation>
+    </message>
+    <message>
+        <source>No whole number from 0 to 4294967295: 0 is stored</source>
+        <translation>Keine ganze Zahl von 0 bis 4294967295: gespeichert wird 0</translation>
+    </message>
+</context>
 <context>
     <name>sbusTester</name>
     <message>
