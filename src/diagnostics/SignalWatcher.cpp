@@ -1,21 +1,23 @@
-#include "simulator/SignalWatcher.h"
+#include "diagnostics/SignalWatcher.h"
 
 #include <QSocketNotifier>
 
+#ifdef Q_OS_UNIX
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace {
 
-constexpr int watched[] = {SIGINT, SIGTERM, SIGUSR1, SIGUSR2};
-
 int wakeUp[2] = {-1, -1}; // read end, write end
 
 extern "C" void onSignal(int signal)
 {
+    const int interrupted = errno;
     const char byte = static_cast<char>(signal);
     [[maybe_unused]] const ssize_t written = ::write(wakeUp[1], &byte, 1);
+    errno = interrupted;
 }
 
 void handle(int signal, void (*handler)(int))
@@ -27,9 +29,15 @@ void handle(int signal, void (*handler)(int))
     sigaction(signal, &action, nullptr);
 }
 
+bool isIgnored(int signal)
+{
+    struct sigaction action = {};
+    return sigaction(signal, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
 } // namespace
 
-SignalWatcher::SignalWatcher(QObject *parent) : QObject(parent)
+SignalWatcher::SignalWatcher(std::initializer_list<int> watched, QObject *parent) : QObject(parent)
 {
     if (::pipe2(wakeUp, O_CLOEXEC | O_NONBLOCK) != 0)
         return; // the signals then keep their default action
@@ -39,16 +47,20 @@ SignalWatcher::SignalWatcher(QObject *parent) : QObject(parent)
         ssize_t count = 0;
         while ((count = ::read(wakeUp[0], bytes, sizeof bytes)) > 0) {
             for (ssize_t i = 0; i < count; ++i)
-                announce(bytes[i]);
+                emit signalCaught(bytes[i]);
         }
     });
-    for (const int signal : watched)
+    for (const int signal : watched) {
+        if (isIgnored(signal))
+            continue;
+        m_watched.push_back(signal);
         handle(signal, onSignal);
+    }
 }
 
 SignalWatcher::~SignalWatcher()
 {
-    for (const int signal : watched)
+    for (const int signal : m_watched)
         handle(signal, SIG_DFL);
     for (int &descriptor : wakeUp) {
         if (descriptor >= 0)
@@ -57,12 +69,9 @@ SignalWatcher::~SignalWatcher()
     }
 }
 
-void SignalWatcher::announce(int signal)
-{
-    if (signal == SIGUSR1)
-        emit signalPauseRequested();
-    else if (signal == SIGUSR2)
-        emit signalResumeRequested();
-    else
-        emit signalTerminationRequested();
-}
+#else
+
+SignalWatcher::SignalWatcher(std::initializer_list<int>, QObject *parent) : QObject(parent) {}
+SignalWatcher::~SignalWatcher() = default;
+
+#endif
