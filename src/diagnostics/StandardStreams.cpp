@@ -93,18 +93,19 @@ void StandardStreams::drain()
 /// False if some had to stay.
 bool StandardStreams::writeTexts()
 {
-    bool outIsStuck = false;
-    bool errIsStuck = false;
+    const Target *stuck = nullptr;
     for (auto text = m_texts.begin(); text != m_texts.end();) {
-        bool &isStuck = text->stream == Stream::Out ? outIsStuck : errIsStuck;
-        if (isStuck || !writeText(*text)) {
-            isStuck = true;
-            if ((outIsStuck && errIsStuck) || unwaited::areSame(m_out.descriptor, m_err.descriptor))
-                return false;
-            ++text;
+        const Target &end = target(text->stream);
+        if (stuck != &end && writeText(*text)) {
+            text = m_texts.erase(text);
             continue;
         }
-        text = m_texts.erase(text);
+        const Target &other = &end == &m_out ? m_err : m_out;
+        if (stuck == &other || other.waiting == 0 ||
+            (!stuck && unwaited::areSame(m_out.descriptor, m_err.descriptor)))
+            return false;
+        stuck = &end;
+        ++text;
     }
     return m_texts.empty();
 }
