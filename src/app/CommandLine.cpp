@@ -103,8 +103,8 @@ CommandLine CommandLine::read(int argc, char *argv[])
         QStringLiteral("Show the buttons of the factory settings and the live displacement "
                        "editor."));
     parser.addOptions({port, factory});
-    if (!parser.parse(arguments) || parser.isSet(help) || parser.isSet(QStringLiteral("help-all")) ||
-        parser.isSet(version)) {
+    if (!parser.parse(arguments) || parser.isSet(help) ||
+        parser.isSet(QStringLiteral("help-all")) || parser.isSet(version)) {
         const QCoreApplication application(argc, argv);
         parser.process(arguments); // says what there is to say, and ends the program
     }

@@ -74,7 +74,8 @@ void StandardStreams::tellLosses(Stream stream)
     if (end.lost == 0)
         return;
     const int lost = std::exchange(end.lost, 0);
-    const QByteArray line = "<<< " + QByteArray::number(lost) + " messages of this stream are lost\n";
+    const QByteArray line =
+        "<<< " + QByteArray::number(lost) + " messages of this stream are lost\n";
     append(stream, end.lastByte == '\n' ? line : '\n' + line, lost);
 }
 

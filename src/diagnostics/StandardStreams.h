@@ -12,8 +12,8 @@ class QCoreApplication;
 /// The program's standard output and standard error, written without waiting for whoever reads
 /// them. What a pipe, a socket or a terminal does not take at once waits here, in the order of both
 /// streams, and is written as soon as it can be. What finds no room here, and what a full disk does
-/// not take, is lost and told of by one line in its place; what nobody can read any more is dropped.
-/// May be used by all threads.
+/// not take, is lost and told of by one line in its place; what nobody can read any more is
+/// dropped. May be used by all threads.
 class StandardStreams
 {
 public:

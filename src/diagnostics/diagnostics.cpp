@@ -41,12 +41,12 @@ void flush()
 
 void takeToolkitMessages()
 {
-    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &context,
-                              const QString &text) {
-        const QString message = qFormatLogMessage(type, context, text);
-        if (!message.isNull())
-            StandardStreams::instance().write(Stream::Err, message.toLocal8Bit() + '\n');
-    });
+    qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext &context, const QString &text) {
+            const QString message = qFormatLogMessage(type, context, text);
+            if (!message.isNull())
+                StandardStreams::instance().write(Stream::Err, message.toLocal8Bit() + '\n');
+        });
 }
 
 void setSink(Sink sink)

@@ -55,10 +55,8 @@ private slots:
         QVERIFY(session.connectTo(camera));
         QVERIFY(!lockOf(camera).isEmpty());
         if (modal) {
-            QByteArray lines;
-            camera.send(316, {}); // the request for the identity is rejected: a box says so
-            QTRY_VERIFY_WITH_TIMEOUT(
-                (lines += session.process.readAllStandardOutput()).contains("reject"), 20000);
+            camera.send(316, {}); // the request for the identity is rejected
+            QTRY_VERIFY_WITH_TIMEOUT(session.display.find("Command rejected") != 0, 20000);
         }
         QCOMPARE(::kill(pid_t(session.process.processId()), signal), 0);
         QVERIFY(session.process.waitForFinished(20000));
@@ -120,7 +118,7 @@ private slots:
         QTRY_COMPARE_WITH_TIMEOUT(camera.count(102), 1, 20000);
         QVERIFY(session.press("ctrl+k"));
         QVERIFY(session.end());
-        QCOMPARE(session.process.readAllStandardError(), QByteArray("0\n"));
+        QVERIFY(session.process.readAllStandardError().endsWith("0\n"));
     }
 };
 

@@ -2,10 +2,11 @@
 
 #include "support/programsession.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
+#include <filesystem>
+#include <fstream>
+#include <string>
 #include <sys/inotify.h>
 #include <unistd.h>
 
@@ -15,9 +16,10 @@ namespace {
 class FolderWatch
 {
 public:
-    explicit FolderWatch(const QString &folder) : m_watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
+    explicit FolderWatch(const std::string &folder)
+        : m_watch(inotify_init1(IN_NONBLOCK | IN_CLOEXEC))
     {
-        inotify_add_watch(m_watch, qPrintable(folder), IN_OPEN | IN_ACCESS | IN_CREATE);
+        inotify_add_watch(m_watch, folder.c_str(), IN_OPEN | IN_ACCESS | IN_CREATE);
     }
     ~FolderWatch() { ::close(m_watch); }
     FolderWatch(const FolderWatch &) = delete;
@@ -40,16 +42,15 @@ public:
     HostileFolder()
     {
         for (const char *name : {":", "qrc:"}) {
-            QDir(m_folder.path()).mkdir(name);
-            for (const char *file : {"BusyIndicator.qml", "BusyIndicator.qmlc"}) {
-                QFile qml(path() + '/' + name + '/' + file);
-                qml.open(QIODevice::WriteOnly);
-                qml.write("import QtQuick 2.0\nItem { Component.onCompleted: Qt.quit() }\n");
-            }
+            std::filesystem::create_directory(below(name));
+            for (const char *file : {"/BusyIndicator.qml", "/BusyIndicator.qmlc"})
+                std::ofstream(below(name) + file)
+                    << "import QtQuick 2.0\nItem { Component.onCompleted: Qt.quit() }\n";
         }
     }
     QString path() const { return m_folder.path(); }
-    QString below(const char *name) const { return m_folder.filePath(name); }
+    /// Not by Qt, which takes the name ":" for its resources.
+    std::string below(const char *name) const { return path().toStdString() + '/' + name; }
 
 private:
     QTemporaryDir m_folder;
@@ -67,7 +68,7 @@ private slots:
         if (!hasDisplayTools())
             QSKIP("needs Xvfb and xdotool");
         HostileFolder folder;
-        FolderWatch watch(folder.path());
+        FolderWatch watch(folder.path().toStdString());
         FolderWatch resources(folder.below(":"));
         FolderWatch urls(folder.below("qrc:"));
         CameraEnd camera;
@@ -81,14 +82,14 @@ private slots:
         QVERIFY(!resources.hasSeenAnything());
         QVERIFY(!urls.hasSeenAnything());
 
-        QVERIFY(QFile(folder.below(":/BusyIndicator.qmlc")).open(QIODevice::ReadOnly));
+        QVERIFY(std::ifstream(folder.below(":/BusyIndicator.qmlc")).is_open());
         QVERIFY(resources.hasSeenAnything());
     }
 
     void currentFolderIsLeftAloneByTheTour()
     {
         HostileFolder folder;
-        FolderWatch watch(folder.path());
+        FolderWatch watch(folder.path().toStdString());
         FolderWatch resources(folder.below(":"));
         QTemporaryDir output;
         QProcess tour;
@@ -112,7 +113,8 @@ private slots:
         QTest::newRow("beside a style") << QStringList{"--prot", "-style=fusion"} << unknown;
         QTest::newRow("beside flags") << QStringList{"-reverse", "--prot", "--dograb"} << unknown;
         QTest::newRow("without a name")
-            << QStringList{"--port"} << QByteArray("quorvix-config: Missing value after '--port'.\n");
+            << QStringList{"--port"}
+            << QByteArray("quorvix-config: Missing value after '--port'.\n");
         QTest::newRow("no option")
             << QStringList{"/dev/ttyACM0"} << QByteArray("Unexpected argument: /dev/ttyACM0\n");
     }

@@ -1,5 +1,5 @@
-// The program's streams when nobody reads them: each test runs this program as a writer at the other
-// end of a pipe.
+// The program's streams when nobody reads them: each test runs this program as a writer at the
+// other end of a pipe.
 
 #include "diagnostics/diagnostics.h"
 #include "diagnostics/process.h"
@@ -281,8 +281,9 @@ private slots:
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
         QFile file(folder.filePath("text"));
         QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), QByteArray("line 0\nline 1\nline 2"
-                                            "\n<<< 3 messages of this stream are lost\nroom again\n"));
+        QCOMPARE(file.readAll(),
+                 QByteArray("line 0\nline 1\nline 2"
+                            "\n<<< 3 messages of this stream are lost\nroom again\n"));
     }
 
     void messagesOfTheToolkitWaitLikewise()
