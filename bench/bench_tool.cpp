@@ -7,12 +7,12 @@
 #include "support/wire.h"
 
 #include "diagnostics/diagnostics.h"
+#include "forms/busyindicator.h"
 #include "records/thermalCommPacket_Blend_Zoom_R13_TypeDef.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
-#include <QQuickWindow>
 #include <QSpinBox>
 
 #include <algorithm>
@@ -168,9 +168,7 @@ void measureLoad(WindowUnderTest &tool)
 
 int main(int argc, char *argv[])
 {
-    // As the tool itself does it.
-    QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
-    QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
+    busyindicator::prepareProgram();
     QApplication application(argc, argv);
     diagnostics::setSink([](diagnostics::Stream, const QString &) {});
 

@@ -58,6 +58,8 @@ QWidget *field(int number)
 
 int main(int argc, char *argv[])
 {
+    // The cache would look for compiled QML below the current folder.
+    qputenv("QML_DISABLE_DISK_CACHE", "1");
     QApplication application(argc, argv);
     const int wanted = QCoreApplication::arguments().value(1).toInt();
 

@@ -70,6 +70,7 @@ private:
     {
         setDefault("QT_QPA_PLATFORM", "offscreen");
         setDefault("QT_QUICK_BACKEND", "software");
+        setDefault("QML_DISABLE_DISK_CACHE", "1");
         static int argc = 1;
         static char name[] = "fuzz";
         static char *argv[] = {name, nullptr};

@@ -1,8 +1,8 @@
 #include "simulator/Options.h"
 #include "simulator/RecordStore.h"
 #include "simulator/Session.h"
-#include "simulator/SignalWatcher.h"
 
+#include "diagnostics/SignalWatcher.h"
 #include "diagnostics/diagnostics.h"
 
 #include <QCoreApplication>
@@ -74,18 +74,22 @@ int main(int argc, char *argv[])
     if (!error.isEmpty())
         return fail(error);
 
-    SignalWatcher signalWatcher;
-    QObject::connect(&signalWatcher, &SignalWatcher::signalTerminationRequested, &application,
-                     &QCoreApplication::quit);
+    // A script's background jobs are started to ignore the first; who interrupts them all the same
+    // means it.
+    std::signal(SIGINT, SIG_DFL);
+    const SignalWatcher signalWatcher({SIGINT, SIGTERM, SIGHUP, SIGUSR1, SIGUSR2});
 
     Session session(camera, {options.link, options.restart, options.faults, options.seed}, log);
     QObject::connect(&session, &Session::signalDeviceReady, announce);
     QObject::connect(&session, &Session::signalFailed,
                      [](const QString &reason) { QCoreApplication::exit(fail(reason)); });
-    QObject::connect(&signalWatcher, &SignalWatcher::signalPauseRequested, &session,
-                     [&session] { session.setFaultsPaused(true); });
-    QObject::connect(&signalWatcher, &SignalWatcher::signalResumeRequested, &session,
-                     [&session] { session.setFaultsPaused(false); });
+    QObject::connect(&signalWatcher, &SignalWatcher::signalCaught, &session,
+                     [&session](int signal) {
+                         if (signal == SIGUSR1 || signal == SIGUSR2)
+                             session.setFaultsPaused(signal == SIGUSR1);
+                         else
+                             QCoreApplication::quit();
+                     });
     error = session.start();
     if (!error.isEmpty())
         return fail(error);

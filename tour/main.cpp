@@ -1,19 +1,18 @@
 #include "Tour.h"
 
 #include "diagnostics/diagnostics.h"
+#include "forms/busyindicator.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFile>
-#include <QQuickWindow>
 
 int main(int argc, char *argv[])
 {
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
         qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
-    QApplication::setAttribute(Qt::AA_ForceRasterWidgets);
+    busyindicator::prepareProgram();
     QApplication app(argc, argv);
     QApplication::setApplicationName("quorvix-tour");
 

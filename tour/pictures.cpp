@@ -3,6 +3,7 @@
 #include "diagnostics/diagnostics.h"
 #include "factory/FactorySettings.h"
 #include "factory/LiveEdit.h"
+#include "forms/busyindicator.h"
 #include "sbus/sbusTester.h"
 
 #include <QApplication>
@@ -16,7 +17,6 @@
 #include <QPushButton>
 #include <QQuickItem>
 #include <QQuickWidget>
-#include <QQuickWindow>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTextStream>
@@ -248,8 +248,7 @@ private:
 
 int main(int argc, char *argv[])
 {
-    QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
-    QCoreApplication::setAttribute(Qt::AA_ForceRasterWidgets);
+    busyindicator::prepareProgram();
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication app(argc, argv);

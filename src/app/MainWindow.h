@@ -93,6 +93,8 @@ public:
     void offerPorts(const QStringList &ports);
     /// Shows the two buttons that open the production line's windows.
     void showFactoryButtons();
+    /// Gives the port back, without a word and for good: the program ends here and now.
+    void releasePort();
 
 public slots:
     // MainWindow_wiring.cpp: port list, connect and disconnect

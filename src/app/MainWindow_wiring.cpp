@@ -195,6 +195,12 @@ void MainWindow::showFactoryButtons()
     m_ui->pb_TestWindow->show();
 }
 
+void MainWindow::releasePort()
+{
+    delete m_serial;
+    m_serial = nullptr;
+}
+
 bool MainWindow::event(QEvent *event)
 {
     // Menus clear the status bar with empty tips, but its text stays until it is replaced.

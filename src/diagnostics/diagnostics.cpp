@@ -1,6 +1,6 @@
 #include "diagnostics/diagnostics.h"
 
-#include <cstdio>
+#include "diagnostics/StandardStreams.h"
 
 namespace diagnostics {
 
@@ -16,10 +16,7 @@ static void write(Stream stream, const QString &text)
         currentSink()(stream, text);
         return;
     }
-    std::FILE *file = stream == Stream::Out ? stdout : stderr;
-    const QByteArray bytes = text.toUtf8();
-    std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), file);
-    std::fflush(file);
+    StandardStreams::instance().write(stream, text.toUtf8());
 }
 
 void out(const QString &line)
@@ -35,6 +32,21 @@ void outUnterminated(const QString &text)
 void err(const QString &line)
 {
     write(Stream::Err, line + QLatin1Char('\n'));
+}
+
+void flush()
+{
+    StandardStreams::instance().flush();
+}
+
+void takeToolkitMessages()
+{
+    qInstallMessageHandler(
+        [](QtMsgType type, const QMessageLogContext &context, const QString &text) {
+            const QString message = qFormatLogMessage(type, context, text);
+            if (!message.isNull())
+                StandardStreams::instance().write(Stream::Err, message.toLocal8Bit() + '\n');
+        });
 }
 
 void setSink(Sink sink)

@@ -3,8 +3,8 @@
 
 #include "support/cameraend.h"
 #include "support/captureddiagnostics.h"
+#include "support/programsession.h"
 #include "support/windowundertest.h"
-#include "support/xdisplay.h"
 
 #include <QAction>
 #include <QProcess>
@@ -16,30 +16,14 @@
 
 namespace {
 
-const QString program = QStringLiteral(BIN_DIR "/quorvix-config");
-
 /// Written by the off-screen platform, whatever the program does.
 const QByteArray offscreenRemark = "This plugin does not support propagateSizeHints()";
-
-QProcessEnvironment withoutDisplay()
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    for (const char *name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
-        environment.remove(QString::fromLatin1(name));
-    return environment;
-}
 
 /// Standard error but for the line of the check 100 ms after a request that the camera has not
 /// answered yet.
 QString errors(const CapturedDiagnostics &lines)
 {
     return QString(lines.err()).remove("<<< This should not have happened! Message was not send\n");
-}
-
-bool hasDisplayTools()
-{
-    return !QStandardPaths::findExecutable("Xvfb").isEmpty() &&
-           !QStandardPaths::findExecutable("xdotool").isEmpty();
 }
 
 struct Run
@@ -63,7 +47,6 @@ Run run(const QStringList &arguments, const QProcessEnvironment &environment)
             process.readAllStandardOutput(), process.readAllStandardError()};
 }
 
-const QByteArray title = "Quorvix - Configuration - 2.19";
 const char *const whereOption = "--where-are-the-buttons";
 
 /// Prints where in the window the buttons for production are, each as x and y of its centre.
@@ -84,64 +67,6 @@ int tellWhereTheButtonsAre(int argc, char *argv[])
     }
     return 0;
 }
-
-/// A program with its window on a display of its own.
-class Session
-{
-public:
-    /// The environment of a program on the display.
-    QProcessEnvironment environment() const
-    {
-        QProcessEnvironment environment = withoutDisplay();
-        environment.insert("QT_QPA_PLATFORM", "xcb");
-        environment.insert("DISPLAY", display.name());
-        return environment;
-    }
-    bool start(const QStringList &arguments, const QProcessEnvironment &environment)
-    {
-        process.setProcessEnvironment(environment);
-        process.start(program, arguments);
-        return QTest::qWaitFor([this] { return (window = display.find(title)) != 0; }, 20000);
-    }
-    /// Presses a key combination in the window.
-    bool press(const QString &keys)
-    {
-        return display.act({"windowfocus", "--sync", QString::number(window), "key", keys});
-    }
-    bool click(const QString &x, const QString &y)
-    {
-        return display.act({"mousemove", "--window", QString::number(window), x, y, "click", "1"});
-    }
-    /// Presses Connect until the camera has been asked for its identity. The list may still be
-    /// empty at first: Connect does nothing then.
-    bool connectTo(CameraEnd &camera)
-    {
-        for (int attempt = 0; attempt < 20 && camera.count(116) == 0; ++attempt)
-            if (!press("ctrl+k") || QTest::qWaitFor([&] { return camera.count(116) > 0; }, 1000))
-                break;
-        return camera.count(116) > 0;
-    }
-
-    /// Ends the program as its user does: one that is killed leaves the lock of its port behind.
-    bool end()
-    {
-        display.close(window);
-        return process.waitForFinished(20000);
-    }
-    ~Session()
-    {
-        if (process.state() == QProcess::NotRunning)
-            return;
-        if (window != 0 && end())
-            return;
-        process.kill();
-        process.waitForFinished();
-    }
-
-    Display display;
-    QProcess process;
-    xcb_window_t window = 0;
-};
 
 /// Qt's own warnings, such as those of QML bindings, for as long as it lives.
 class QtMessages

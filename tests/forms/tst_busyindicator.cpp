@@ -103,6 +103,36 @@ private slots:
         }
         QVERIFY(!view.rootObject());
     }
+
+    /// Lasts for the rest of the program: these are the last.
+    void windowMayBePaintedFirst()
+    {
+        busyindicator::loadAfterFirstPaint();
+        guistatus status;
+        status.setBusy(true);
+        QWidget window;
+        QQuickWidget view(&window);
+        busyindicator::load(&view, &status, Qt::white);
+        QCOMPARE(view.quickWindow()->color(), QColor(Qt::white));
+        QVERIFY(view.source().isEmpty());
+        window.show();
+        QTRY_COMPARE(view.status(), QQuickWidget::Ready);
+        QVERIFY(view.rootObject()->property("running").toBool());
+        busyindicator::unload(&view);
+    }
+
+    void windowThatIsNeverShownLoadsNothing()
+    {
+        guistatus status;
+        QWidget window;
+        QQuickWidget view(&window);
+        busyindicator::load(&view, &status, Qt::white);
+        busyindicator::unload(&view);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QCoreApplication::processEvents();
+        QVERIFY(view.source().isEmpty());
+    }
 };
 
 QTEST_MAIN(TestBusyIndicator)

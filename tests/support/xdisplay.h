@@ -77,6 +77,13 @@ public:
         xcb_flush(m_connection);
     }
 
+    /// The X server crashes.
+    void die()
+    {
+        m_server.kill();
+        m_server.waitForFinished();
+    }
+
 private:
     struct Free
     {

@@ -183,7 +183,7 @@ Spalten: Zoomstellungen 1 bis 10; ganze Zahlen mit 32 Bit</translation>
         <source>Data files (*.dat *.DAT)</source>
         <translation>Datendateien (*.dat *.DAT)</translation>
     </message>
-<message>
+    <message>
         <source>HDMI</source>
         <comment>output</comment>
         <translation>HDMI</translation>
@@ -710,38 +710,22 @@ https://www.quorvix.example/download.</translation>
         <translation>Tasten: a / d nach links / rechts (A)   •   w / s nach oben / unten (B)   •   j / l mehr / weniger Beschnitt (F)   •   i / k mehr / weniger Beschnitt (G)</translation>
     </message>
     <message>
-        <source>Fetch the HDMI values of the main window's zoom factor from the factory settings</source>
+        <source>Fetch the HDMI values of the main window&apos;s zoom factor from the factory settings</source>
         <translation>Die HDMI-Werte des Zoomfaktors im Hauptfenster aus den Werkseinstellungen holen</translation>
     </message>
     <message>
-        <source>Put the HDMI values, without the shift by distance, into the factory settings of the main window's zoom factor</source>
+        <source>Put the HDMI values, without the shift by distance, into the factory settings of the main window&apos;s zoom factor</source>
         <translation>Die HDMI-Werte ohne den Versatz durch die Entfernung in die Werkseinstellungen für den Zoomfaktor im Hauptfenster eintragen</translation>
     </message>
     <message>
-        <source>Fetch the analog values of the main window's zoom factor from the factory settings</source>
+        <source>Fetch the analog values of the main window&apos;s zoom factor from the factory settings</source>
         <translation>Die analogen Werte des Zoomfaktors im Hauptfenster aus den Werkseinstellungen holen</translation>
     </message>
     <message>
-        <source>Put the analog values into the factory settings of the main window's zoom factor</source>
+        <source>Put the analog values into the factory settings of the main window&apos;s zoom factor</source>
         <translation>Die analogen Werte in die Werkseinstellungen für den Zoomfaktor im Hauptfenster eintragen</translation>
     </message>
-<message>
-        <source>Fetch the HDMI values of the current zoom position from the factory settings</source>
-        <translation>Die HDMI-Werte der aktuellen Zoomstellung aus den Werkseinstellungen holen</translation>
-    </message>
-    <message>
-        <source>Put the HDMI values, without the shift by distance, into the factory settings</source>
-        <translation>Die HDMI-Werte, ohne den Versatz durch die Entfernung, in die Werkseinstellungen eintragen</translation>
-    </message>
-    <message>
-        <source>Fetch the analog values of the current zoom position from the factory settings</source>
-        <translation>Die Analogwerte der aktuellen Zoomstellung aus den Werkseinstellungen holen</translation>
-    </message>
-    <message>
-        <source>Put the analog values into the factory settings</source>
-        <translation>Die Analogwerte in die Werkseinstellungen eintragen</translation>
-    </message>
-    </context>
+</context>
 <context>
     <name>MainWindow</name>
     <message>
@@ -837,7 +821,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Heizung</translation>
     </message>
     <message>
-        <source>Heating of the external shutter, 0 to 1000 on the shutter's own scale</source>
+        <source>Heating of the external shutter, 0 to 1000 on the shutter&apos;s own scale</source>
         <translation>Heizung des externen Shutters, 0 bis 1000 auf dessen eigener Skala</translation>
     </message>
     <message>
@@ -845,7 +829,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Heizzyklus</translation>
     </message>
     <message>
-        <source>Heat cycle of the external shutter, 0 to 2000 on the shutter's own scale</source>
+        <source>Heat cycle of the external shutter, 0 to 2000 on the shutter&apos;s own scale</source>
         <translation>Heizzyklus des externen Shutters, 0 bis 2000 auf dessen eigener Skala</translation>
     </message>
     <message>
@@ -853,7 +837,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Offset</translation>
     </message>
     <message>
-        <source>Offset of the external shutter, -20.00 to 20.00 on the shutter's own scale, in steps of 0.1; stored in hundredths</source>
+        <source>Offset of the external shutter, -20.00 to 20.00 on the shutter&apos;s own scale, in steps of 0.1; stored in hundredths</source>
         <translation>Offset des externen Shutters, -20,00 bis 20,00 auf dessen eigener Skala, in Schritten von 0,1; gespeichert in Hundertsteln</translation>
     </message>
     <message>
@@ -861,7 +845,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Shutter-Intervall</translation>
     </message>
     <message>
-        <source>Interval of the external shutter, 0 to 3600 on the shutter's own scale</source>
+        <source>Interval of the external shutter, 0 to 3600 on the shutter&apos;s own scale</source>
         <translation>Intervall des externen Shutters, 0 bis 3600 auf dessen eigener Skala</translation>
     </message>
     <message>
@@ -1025,7 +1009,7 @@ https://www.quorvix.example/download.</translation>
         <translation>GPS/Seriell</translation>
     </message>
     <message>
-        <source>Set "Periphery &gt; GPS" to "Custom settings" to enable configuration.</source>
+        <source>Set &quot;Periphery &gt; GPS&quot; to &quot;Custom settings&quot; to enable configuration.</source>
         <translation>Zum Einstellen „Peripherie &gt; GPS“ auf „Eigene Einstellungen“ stellen.</translation>
     </message>
     <message>
@@ -1101,11 +1085,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Serielle Daten/GPS-Daten</translation>
     </message>
     <message>
-        <source>Text that the camera receives on its serial port; the last 10000 lines are kept</source>
-        <translation>Text, den die Kamera an ihrer seriellen Schnittstelle empfängt; die letzten 10000 Zeilen bleiben erhalten</translation>
-    </message>
-    <message>
-        <source>Set "Trigger &gt; Trigger mode" to "SBUS" or "PPM" to enable configuration of channels</source>
+        <source>Set &quot;Trigger &gt; Trigger mode&quot; to &quot;SBUS&quot; or &quot;PPM&quot; to enable configuration of channels</source>
         <translation>Zum Einstellen der Kanäle „Trigger &gt; Triggermodus“ auf „SBUS“ oder „PPM“ stellen</translation>
     </message>
     <message>
@@ -2002,7 +1982,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Benutzerhandbuch</translation>
     </message>
     <message>
-        <source>&lt;p&gt;The user guide is not installed on this computer.&lt;/p&gt;&lt;p&gt;It comes with the program's package and its sources as guide.md.&lt;/p&gt;</source>
+        <source>&lt;p&gt;The user guide is not installed on this computer.&lt;/p&gt;&lt;p&gt;It comes with the program&apos;s package and its sources as guide.md.&lt;/p&gt;</source>
         <translation>&lt;p&gt;Das Benutzerhandbuch ist auf diesem Rechner nicht installiert.&lt;/p&gt;&lt;p&gt;Es liegt dem Paket des Programms und seinen Quellen als guide.md bei (auf Englisch).&lt;/p&gt;</translation>
     </message>
     <message>
@@ -2089,34 +2069,6 @@ https://www.quorvix.example/download.</translation>
         <source>The camera takes the settings over at once but forgets them when it restarts. Nothing is sent within two seconds after another command: press again then. After a change of the HDMI video mode the button is locked until the next connection.</source>
         <translation>Die Kamera übernimmt die Einstellungen sofort, vergisst sie aber bei einem Neustart. Innerhalb von zwei Sekunden nach einem anderen Befehl wird nichts gesendet: Drücken Sie dann noch einmal. Nach einem Wechsel des HDMI-Videomodus ist die Schaltfläche bis zur nächsten Verbindung gesperrt.</translation>
     </message>
-<message>
-        <source>Switching this on presets the channels of the SBUS/PPM tab for the gimbal, sets the trigger to SBUS with an ongoing stream and turns the overlay off; these fields are then locked. Isotherms are switched by the remote control. Switching it off unlocks them, with the trigger at ON/OFF.</source>
-        <translation>Beim Einschalten werden die Kanäle der Registerkarte SBUS/PPM für den Gimbal belegt, der Trigger auf SBUS mit fortlaufendem Strom gesetzt und das Overlay ausgeschaltet; diese Felder sind dann gesperrt. Isothermen schaltet die Fernsteuerung. Beim Ausschalten werden sie freigegeben, der Trigger steht dann auf EIN/AUS.</translation>
-    </message>
-    <message>
-        <source>The receivers come with a fixed serial port: 38400 bit/s for the u-blox 6, 9600 bit/s for the u-blox 8 at 1 Hz, 115200 bit/s for the u-blox 8 at 10 Hz, each without parity, one stop bit, signal inverted. The settings on the GPS/Serial tab are locked then. Choose custom settings for any other hardware.</source>
-        <translation>Die Schnittstelle der Empfänger ist festgelegt: 38400 bit/s beim u-blox 6, 9600 bit/s beim u-blox 8 mit 1 Hz, 115200 bit/s beim u-blox 8 mit 10 Hz, jeweils ohne Parität, mit einem Stoppbit und invertiertem Signal. Die Einstellungen der Registerkarte GPS/Seriell sind dann gesperrt. Wählen Sie für jede andere Hardware eigene Einstellungen.</translation>
-    </message>
-    <message>
-        <source>SBUS levels run from 0 to 2047. Watch the live levels with the channel test and choose thresholds between those of the switch positions.</source>
-        <translation>SBUS-Pegel reichen von 0 bis 2047. Beobachten Sie die Pegel mit dem Kanaltest und wählen Sie Schwellen zwischen denen der Schalterstellungen.</translation>
-    </message>
-    <message>
-        <source>Zoom factor of the visible-light camera, 1 to 10; a connected camera follows after a second</source>
-        <translation>Zoomfaktor der Tageslichtkamera, 1 bis 10; eine verbundene Kamera folgt nach einer Sekunde</translation>
-    </message>
-    <message>
-        <source>Focus position, 4096 to 45056 in steps of 128, no unit; a connected camera follows after a second</source>
-        <translation>Fokusstellung, 4096 bis 45056 in Schritten von 128, ohne Einheit; eine verbundene Kamera folgt nach einer Sekunde</translation>
-    </message>
-    <message>
-        <source>Not offered at 60 Hz HDMI output, which fixes the quality at 75 %.</source>
-        <translation>Nicht verfügbar bei HDMI-Ausgabe mit 60 Hz, die die Qualität auf 75 % festlegt.</translation>
-    </message>
-    <message>
-        <source>The camera takes the settings over at once but forgets them when it restarts. At most one preview goes out every two seconds.</source>
-        <translation>Die Kamera übernimmt die Einstellungen sofort, vergisst sie aber bei einem Neustart. Höchstens eine Vorschau geht alle zwei Sekunden hinaus.</translation>
-    </message>
     <message>
         <source>Not sent: the camera is no longer connected. Connect again.</source>
         <translation>Nicht gesendet: Die Kamera ist nicht mehr verbunden. Verbinden Sie erneut.</translation>
@@ -2125,7 +2077,7 @@ https://www.quorvix.example/download.</translation>
         <source>Cannot open a port with so long a name. Make a link to it, then choose the link: %1</source>
         <translation>Eine Schnittstelle mit so langem Namen lässt sich nicht öffnen. Legen Sie einen Verweis darauf an und wählen Sie diesen: %1</translation>
     </message>
-<message>
+    <message>
         <source>Text that the camera receives on its serial port; the last 10000 lines are kept, of long lines the last 1048576 characters</source>
         <translation>Text, den die Kamera an ihrer seriellen Schnittstelle empfängt; die letzten 10000 Zeilen bleiben erhalten, von langen Zeilen die letzten 1048576 Zeichen</translation>
     </message>
@@ -2308,7 +2260,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Die Liste ruht, solange ein Port offen ist. Ein Port, der ihr fehlt, wird beim Start genannt: quorvix-config --port NAME.</translation>
     </message>
     <message>
-        <source>After connecting, the camera's configuration is read into the form: what was changed there and neither written nor saved is replaced.</source>
+        <source>After connecting, the camera&apos;s configuration is read into the form: what was changed there and neither written nor saved is replaced.</source>
         <translation>Nach dem Verbinden wird die Konfiguration der Kamera in das Formular gelesen: Was dort geändert und weder geschrieben noch gespeichert wurde, wird ersetzt.</translation>
     </message>
     <message>
@@ -2320,7 +2272,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Öffnet die Kalibrierung und liest die der verbundenen Kamera.</translation>
     </message>
     <message>
-        <source>A setting of the external shutter on the shutter's own scale: its documentation tells what suits it. Shown while an external shutter is installed.</source>
+        <source>A setting of the external shutter on the shutter&apos;s own scale: its documentation tells what suits it. Shown while an external shutter is installed.</source>
         <translation>Eine Einstellung des externen Shutters in seiner eigenen Skala: Seine Dokumentation sagt, was zu ihm passt. Sichtbar, solange ein externer Shutter eingebaut ist.</translation>
     </message>
     <message>
@@ -2348,7 +2300,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Wirkt sofort auf die verbundene Kamera und ändert keine Einstellung. Ohne Verbindung geschieht nichts.</translation>
     </message>
     <message>
-        <source>These four settings have to be those of the hardware at the camera's serial port. A receiver chosen under Periphery &gt; GPS sets and locks them. Custom settings unlock them, and so does switching on the gimbal remote control of a Blend Zoom.</source>
+        <source>These four settings have to be those of the hardware at the camera&apos;s serial port. A receiver chosen under Periphery &gt; GPS sets and locks them. Custom settings unlock them, and so does switching on the gimbal remote control of a Blend Zoom.</source>
         <translation>Diese vier Einstellungen müssen die der Hardware an der seriellen Schnittstelle der Kamera sein. Ein Empfänger, der unter Peripherie &gt; GPS gewählt wird, setzt und sperrt sie. Eigene Einstellungen geben sie frei, ebenso das Einschalten der Gimbal-Fernsteuerung einer Blend Zoom.</translation>
     </message>
     <message>
@@ -2360,7 +2312,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Die Wahl von SBUS oder PPM als Triggermodus einer Blend deaktiviert diesen Kanal und sperrt ihn bis zum Ende des Programms.</translation>
     </message>
     <message>
-        <source>The two thresholds belong to this channel: they are read from its place in the camera's table of thresholds. A write puts them into every place.</source>
+        <source>The two thresholds belong to this channel: they are read from its place in the camera&apos;s table of thresholds. A write puts them into every place.</source>
         <translation>Die beiden Schwellen gehören zu diesem Kanal: Sie werden von seinem Platz in der Schwellentabelle der Kamera gelesen. Ein Schreiben setzt sie auf jeden Platz.</translation>
     </message>
     <message>

@@ -1,21 +1,23 @@
-#include "simulator/SignalWatcher.h"
+#include "diagnostics/SignalWatcher.h"
 
 #include <QSocketNotifier>
 
+#ifdef Q_OS_UNIX
+#include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace {
 
-constexpr int watched[] = {SIGINT, SIGTERM, SIGHUP, SIGUSR1, SIGUSR2};
-
 int wakeUp[2] = {-1, -1}; // read end, write end
 
 extern "C" void onSignal(int signal)
 {
+    const int interrupted = errno;
     const char byte = static_cast<char>(signal);
     [[maybe_unused]] const ssize_t written = ::write(wakeUp[1], &byte, 1);
+    errno = interrupted;
 }
 
 void handle(int signal, void (*handler)(int))
@@ -27,7 +29,6 @@ void handle(int signal, void (*handler)(int))
     sigaction(signal, &action, nullptr);
 }
 
-/// As under nohup, which starts a program that shall outlive its terminal.
 bool isIgnored(int signal)
 {
     struct sigaction action = {};
@@ -36,7 +37,7 @@ bool isIgnored(int signal)
 
 } // namespace
 
-SignalWatcher::SignalWatcher(QObject *parent) : QObject(parent)
+SignalWatcher::SignalWatcher(std::initializer_list<int> watched, QObject *parent) : QObject(parent)
 {
     if (::pipe2(wakeUp, O_CLOEXEC | O_NONBLOCK) != 0)
         return; // the signals then keep their default action
@@ -46,19 +47,21 @@ SignalWatcher::SignalWatcher(QObject *parent) : QObject(parent)
         ssize_t count = 0;
         while ((count = ::read(wakeUp[0], bytes, sizeof bytes)) > 0) {
             for (ssize_t i = 0; i < count; ++i)
-                announce(bytes[i]);
+                emit signalCaught(bytes[i]);
         }
     });
-    for (const int signal : watched)
-        if (signal != SIGHUP || !isIgnored(signal))
-            handle(signal, onSignal);
+    for (const int signal : watched) {
+        if (isIgnored(signal))
+            continue;
+        m_watched.push_back(signal);
+        handle(signal, onSignal);
+    }
 }
 
 SignalWatcher::~SignalWatcher()
 {
-    for (const int signal : watched)
-        if (!isIgnored(signal))
-            handle(signal, SIG_DFL);
+    for (const int signal : m_watched)
+        handle(signal, SIG_DFL);
     for (int &descriptor : wakeUp) {
         if (descriptor >= 0)
             ::close(descriptor);
@@ -66,12 +69,9 @@ SignalWatcher::~SignalWatcher()
     }
 }
 
-void SignalWatcher::announce(int signal)
-{
-    if (signal == SIGUSR1)
-        emit signalPauseRequested();
-    else if (signal == SIGUSR2)
-        emit signalResumeRequested();
-    else
-        emit signalTerminationRequested();
-}
+#else
+
+SignalWatcher::SignalWatcher(std::initializer_list<int>, QObject *parent) : QObject(parent) {}
+SignalWatcher::~SignalWatcher() = default;
+
+#endif
