@@ -1,5 +1,7 @@
 # Shared by the tests of this folder; sourced.
 export LC_ALL=C.UTF-8
+# dpkg wants the tools of administrators, which not everybody has at hand.
+export PATH=$PATH:/usr/sbin:/sbin
 
 fail() {
     echo "FAIL: $*" >&2
