@@ -30,11 +30,13 @@ void MainWindow::slotSendMessage(const void *data, unsigned long length, unsigne
     messageState.frame.clear();
     m_packetManager->prepareMessage(data, length, partNumber, partCount, command,
                                     messageState.frame);
+    m_state.sent(command, m_serial->isOpen());
     m_serial->writeSerialPortData(messageState.frame);
 }
 
 void MainWindow::slotSendPacket(const QByteArray &frame)
 {
+    m_state.sent(kovoPacketManager::commandOf(frame), m_serial->isOpen());
     m_serial->writeSerialPortData(frame);
 }
 
@@ -64,6 +66,7 @@ bool MainWindow::settleOutstandingCommand(ComioInterfaceCommand_TypeDef command)
 void MainWindow::slotNewMessageReceived(ComioInterfaceCommand_TypeDef command,
                                         QVector<uint8_t> data)
 {
+    m_state.received(command);
     if (!settleOutstandingCommand(command))
         return;
 
@@ -73,7 +76,7 @@ void MainWindow::slotNewMessageReceived(ComioInterfaceCommand_TypeDef command,
         break;
     case replyOk(COMIO_CMD_GET_CONFIG):
     case replyOk(COMIO_CMD_GET_CONTROL_STRUCT):
-        parseUnknownControlStruct(data);
+        showCameraRecord(data);
         break;
     case COMIO_CMD_SET_SERIAL_REPLY_OK:
         diagnostics::out(QStringLiteral("<<< Device replied with COMIO_CMD_SET_SERIAL_REPLY_OK"));

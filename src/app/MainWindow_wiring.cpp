@@ -1,5 +1,6 @@
 #include "app/MainWindow.h"
 
+#include "app/StateLabels.h"
 #include "app/keyText.h"
 #include "app/messageState.h"
 #include "factory/FactorySettings.h"
@@ -40,6 +41,7 @@ void alignLabels(std::initializer_list<QFormLayout *> forms)
 MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), m_ui(new Ui::MainWindow)
 {
     m_ui->setupUi(this);
+    m_stateLabels = new StateLabels(m_ui->statusBar, &m_state, this);
 
     for (QWidget *widget : std::initializer_list<QWidget *>{
              m_ui->gb_Liveview_hotspotdetection, m_ui->gb_liveview_layerscaling,
@@ -236,10 +238,13 @@ void MainWindow::slotPortConnectionChanged(bool)
     const bool open = m_serial->isOpen();
     m_ui->btConnectDisconnect->setText(open ? tr("Disconnect") : tr("Connect"));
     if (open) {
+        m_state.opened(m_ui->comboBoxPort->currentText());
         send(COMIO_CMD_GET_DEVICE_ID);
         if (!m_serial->isOpen())
             return; // the line vanished under the request, which has closed the form already
     } else {
+        m_state.closed();
+        m_liveChangeUnsent = false;
         m_status.setBusy(false);
     }
 
@@ -253,4 +258,9 @@ void MainWindow::slotPortConnectionChanged(bool)
     // The live view stays usable after a disconnect.
     if (open)
         m_ui->tab_liveview->setEnabled(true);
+}
+
+void MainWindow::slotWriteStalled(bool stalled)
+{
+    m_state.setWriteStalled(stalled);
 }
