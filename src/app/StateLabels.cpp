@@ -36,6 +36,7 @@ StateLabels::StateLabels(QStatusBar *bar, const SessionState *state, QObject *pa
     , m_connection(add("lbState"))
     , m_command(add("lbLast"))
 {
+    m_command->setElideMode(Qt::ElideMiddle); // the end says how it ended
     m_seconds.setInterval(second);
     connect(&m_seconds, &QTimer::timeout, this, &StateLabels::show);
     connect(state, &SessionState::changed, this, &StateLabels::show);
@@ -83,16 +84,17 @@ void StateLabels::fit()
 {
     if (!m_bar)
         return;
-    int wanted = 0;
-    for (QLabel *label : m_labels)
-        wanted += label->sizeHint().width();
     const int message = m_bar->fontMetrics().horizontalAdvance(m_bar->currentMessage());
     const int frames = spacing * 2 * int(m_labels.size() + 1) + m_bar->height(); // and size grip
-    const int room = std::max(m_bar->width() - message, m_bar->width() / 3) - frames;
-    for (QLabel *label : m_labels) {
+    int room = std::max(m_bar->width() - message, m_bar->width() / 2) - frames;
+    // How the last command ended goes before a connection that is as it was.
+    for (ElidedLabel *label : {m_command, m_connection}) {
         const int hint = label->sizeHint().width();
-        label->setMaximumWidth(wanted <= room ? QWIDGETSIZE_MAX
-                                              : std::max(0, hint * room / std::max(1, wanted)));
+        const int share = label == m_command ? room * 2 / 3 : room;
+        const int width =
+            std::max(0, std::min(hint, std::max(share, room - m_connection->sizeHint().width())));
+        label->setMaximumWidth(width);
+        room -= width;
     }
 }
 
@@ -112,10 +114,13 @@ void StateLabels::fadeOldIdentity()
     if (old == m_faded)
         return;
     m_faded = old;
-    QPalette faded;
-    faded.setColor(QPalette::WindowText, faded.color(QPalette::Disabled, QPalette::WindowText));
-    const QPalette plain = m_connection->window()->palette();
-    m_bar->setPalette(old ? faded : QPalette());
+    const auto withText = [this](QPalette::ColorGroup group) {
+        QPalette palette;
+        palette.setColor(QPalette::WindowText,
+                         m_bar->window()->palette().color(group, QPalette::WindowText));
+        return palette;
+    };
+    m_bar->setPalette(old ? withText(QPalette::Disabled) : QPalette());
     for (QLabel *label : m_labels)
-        label->setPalette(old ? plain : QPalette());
+        label->setPalette(old ? withText(QPalette::Active) : QPalette());
 }

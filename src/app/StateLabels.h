@@ -13,7 +13,7 @@ class SessionState;
 /// Shows a SessionState in permanent labels of a status bar, to the right of its message: lbState
 /// (the connection) and lbLast (the last command and how it ended).
 ///
-/// The message comes first: labels that leave no room for it are shortened, down to a third of the
+/// The message comes first: labels that leave no room for it are shortened, down to half of the
 /// bar's width together.
 class StateLabels : public QObject
 {

@@ -23,6 +23,7 @@ namespace recordfile {
 namespace {
 
 constexpr qint64 longestRead = 0x10000;
+constexpr int longestName = 255 - 7; // bytes, of a file beside which one with a suffix has room
 
 struct Text
 {
@@ -44,7 +45,8 @@ bool isPipe(const QString &path)
 /// they did.
 QString unwritten(QFileDevice &file)
 {
-    if (!file.flush())
+    // A first part may find room: the system tells why there is no more when asked for the rest.
+    if (!file.flush() && !file.flush())
         return file.errorString();
 #ifdef Q_OS_UNIX
     if (fsync(file.handle()) != 0 && errno != EINVAL && errno != ENOTSUP && errno != EROFS)
@@ -79,6 +81,8 @@ bool hasAttributes(const QByteArray &name)
 bool isReplaceable(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);
+    if (name.size() - name.lastIndexOf('/') - 1 > longestName)
+        return false;
     struct stat status = {};
     if (lstat(name.constData(), &status) != 0)
         return errno == ENOENT;

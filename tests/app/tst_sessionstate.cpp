@@ -66,7 +66,7 @@ private slots:
     void longPortsAreCutAtTheirStart()
     {
         m_state->opened("/dev/serial/by-id/usb-quorvix-camera-1701234");
-        QVERIFY(m_state->connection().startsWith(QString::fromUtf8("…quorvix-camera-1701234 · ")));
+        QVERIFY(m_state->connection().startsWith(QString::fromUtf8("…-quorvix-camera-1701234 · ")));
         QVERIFY(m_state->connectionDetails().startsWith(
             "/dev/serial/by-id/usb-quorvix-camera-1701234"));
     }
