@@ -13,7 +13,6 @@
 namespace {
 
 constexpr qint64 givenUp = 5000; // ms after which an answer belongs to a later request
-constexpr int longestPort = 24;  // characters
 
 const QString separator = QStringLiteral(" \u00B7 ");
 
@@ -33,12 +32,6 @@ bool isWrite(quint32 command)
 bool isAutomatic(quint32 command)
 {
     return command == COMIO_CMD_GET_SBUS_LEVELS || command == COMIO_CMD_ALL_BITS_SET;
-}
-
-/// The end of a long path tells more than its start.
-QString shortened(const QString &port)
-{
-    return port.size() <= longestPort ? port : QChar(0x2026) + port.right(longestPort - 1);
 }
 
 } // namespace
@@ -182,20 +175,20 @@ bool SessionState::isWaiting() const
 
 QString SessionState::connection() const
 {
-    return m_connected ? unit(shortened(m_port)) : tr("Not connected");
+    return m_connected ? unit() : tr("Not connected");
 }
 
 QString SessionState::connectionDetails() const
 {
     if (m_connected)
-        return unit(m_port);
+        return unit();
     return m_port.isEmpty() ? tr("Not connected")
-                            : tr("Not connected. Last connection: %1").arg(unit(m_port));
+                            : tr("Not connected. Last connection: %1").arg(unit());
 }
 
-QString SessionState::unit(const QString &port) const
+QString SessionState::unit() const
 {
-    QStringList parts{port};
+    QStringList parts{m_port};
     if (m_stalled)
         parts << tr("does not take what is sent");
     if (m_model.isEmpty()) {

@@ -46,8 +46,7 @@ public:
     bool isWaiting() const;
     /// "Not connected", or port, model, serial number, firmware and what is missing.
     QString connection() const;
-    /// More than connection() where there is more: the whole name of the port, or the camera that
-    /// was connected last.
+    /// connection(), and without one what was connected last.
     QString connectionDetails() const;
     /// The last command and how it ended, after the writes and live settings that the camera does
     /// not hold; empty before the first command.
@@ -80,7 +79,7 @@ private:
     void makeLast(quint32 code);
     void settle(Command &command, End end);
     void forget(quint32 code);
-    QString unit(const QString &port) const;
+    QString unit() const;
     QString describe(const Command &command) const;
 
     Clock m_clock;

@@ -36,7 +36,8 @@ StateLabels::StateLabels(QStatusBar *bar, const SessionState *state, QObject *pa
     , m_connection(add("lbState"))
     , m_command(add("lbLast"))
 {
-    m_command->setElideMode(Qt::ElideMiddle); // the end says how it ended
+    m_connection->setElideMode(Qt::ElideLeft); // a long port tells less than the camera
+    m_command->setElideMode(Qt::ElideMiddle);  // the end says how it ended
     m_seconds.setInterval(second);
     connect(&m_seconds, &QTimer::timeout, this, &StateLabels::show);
     connect(state, &SessionState::changed, this, &StateLabels::show);

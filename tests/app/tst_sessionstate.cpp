@@ -63,14 +63,6 @@ private slots:
                  QString::fromUtf8("ttyACM1 · no camera identified · configuration never read"));
     }
 
-    void longPortsAreCutAtTheirStart()
-    {
-        m_state->opened("/dev/serial/by-id/usb-quorvix-camera-1701234");
-        QVERIFY(m_state->connection().startsWith(QString::fromUtf8("…-quorvix-camera-1701234 · ")));
-        QVERIFY(m_state->connectionDetails().startsWith(
-            "/dev/serial/by-id/usb-quorvix-camera-1701234"));
-    }
-
     void controlCharactersOfACameraStayInOneLine()
     {
         m_state->opened("ttyACM0");
