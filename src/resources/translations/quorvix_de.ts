@@ -183,6 +183,46 @@ Spalten: Zoomstellungen 1 bis 10; ganze Zahlen mit 32 Bit</translation>
         <source>Data files (*.dat *.DAT)</source>
         <translation>Datendateien (*.dat *.DAT)</translation>
     </message>
+    <message>
+        <source>Nothing was saved: the serial number cannot name a file</source>
+        <translation>Nichts gespeichert: Die Seriennummer taugt nicht als Dateiname</translation>
+    </message>
+    <message>
+        <source>%1 is left as it is: it may be of another unit, for the serial number was cut. Choose another folder.</source>
+        <translation>%1 bleibt, wie sie ist: Sie kann zu einem anderen Gerät gehören, denn die Seriennummer wurde gekürzt. Wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 gespeichert</translation>
+    </message>
+    <message>
+        <source>%1 is empty: only a Quorvix Blend Zoom is saved</source>
+        <translation>%1 ist leer: Nur eine Quorvix Blend Zoom wird gespeichert</translation>
+    </message>
+    <message>
+        <source>Cannot load %1: %2</source>
+        <translation>%1 lässt sich nicht laden: %2</translation>
+    </message>
+    <message>
+        <source>%1 was not loaded: only a Quorvix Blend Zoom has data files</source>
+        <translation>%1 wurde nicht geladen: Nur eine Quorvix Blend Zoom hat Datendateien</translation>
+    </message>
+    <message>
+        <source>Cannot load %1, it holds no valid record: too short, %2 bytes</source>
+        <translation>%1 lässt sich nicht laden, sie enthält keinen gültigen Datensatz: zu kurz, %2 Bytes</translation>
+    </message>
+    <message>
+        <source>Loaded %1</source>
+        <translation>%1 geladen</translation>
+    </message>
+    <message>
+        <source>Loaded the serial number of %1 only</source>
+        <translation>Nur die Seriennummer aus %1 geladen</translation>
+    </message>
+    <message>
+        <source>The unit&apos;s serial number %1 is longer than the field: only what the field shows is written.</source>
+        <translation>Die Seriennummer %1 des Geräts ist länger als das Feld: Nur was das Feld zeigt, wird geschrieben.</translation>
+    </message>
 </context>
 <context>
     <name>KovoDevices</name>
@@ -2050,6 +2090,258 @@ https://www.quorvix.example/download.</translation>
     <message>
         <source>Trigge&amp;r high</source>
         <translation>Obere Triggersch&amp;welle</translation>
+    </message>
+    <message>
+        <source>Saved %1 (zeros: the settings of a Quorvix 2.0 are not known)</source>
+        <translation>%1 gespeichert (Nullen: Die Einstellungen einer Quorvix 2.0 sind nicht bekannt)</translation>
+    </message>
+    <message>
+        <source>Cannot save %1: %2</source>
+        <translation>%1 lässt sich nicht speichern: %2</translation>
+    </message>
+    <message>
+        <source>Could not write %1 whole: %2</source>
+        <translation>%1 ließ sich nicht ganz schreiben: %2</translation>
+    </message>
+    <message>
+        <source>Cannot load %1: %2</source>
+        <translation>%1 lässt sich nicht laden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot load %1, it holds no valid record: %2</source>
+        <translation>%1 lässt sich nicht laden, sie enthält keinen gültigen Datensatz: %2</translation>
+    </message>
+    <message>
+        <source>Cannot save %1: not a regular file</source>
+        <translation>%1 lässt sich nicht speichern: keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>Saved %1 (%2)</source>
+        <translation>%1 gespeichert (%2)</translation>
+    </message>
+    <message>
+        <source>%1 is empty: no model is chosen, so there is nothing to save</source>
+        <translation>%1 ist leer: Es ist kein Modell gewählt, also gibt es nichts zu speichern</translation>
+    </message>
+    <message>
+        <source>%1 is empty: the settings of a %2 are not known</source>
+        <translation>%1 ist leer: Die Einstellungen einer %2 sind nicht bekannt</translation>
+    </message>
+    <message>
+        <source>Loaded %1 (%2)</source>
+        <translation>%1 geladen (%2)</translation>
+    </message>
+    <message>
+        <source>%1, but the form is that of a %2</source>
+        <translation>%1, aber das Formular ist das einer %2</translation>
+    </message>
+</context>
+<context>
+    <name>SessionState</name>
+    <message>
+        <source>Not connected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
+    <message>
+        <source>Not connected. Last connection: %1</source>
+        <translation>Nicht verbunden. Letzte Verbindung: %1</translation>
+    </message>
+    <message>
+        <source>does not take what is sent</source>
+        <translation>nimmt nicht an, was gesendet wird</translation>
+    </message>
+    <message>
+        <source>no camera identified</source>
+        <translation>keine Kamera erkannt</translation>
+    </message>
+    <message>
+        <source>firmware %1</source>
+        <translation>Firmware %1</translation>
+    </message>
+    <message>
+        <source>configuration never read</source>
+        <translation>Konfiguration nie gelesen</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>command, how it ended</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>sent</source>
+        <translation>gesendet</translation>
+    </message>
+    <message>
+        <source>no answer for %1 s</source>
+        <translation>keine Antwort seit %1 s</translation>
+    </message>
+    <message>
+        <source>acknowledged, the camera restarts</source>
+        <translation>bestätigt, die Kamera startet neu</translation>
+    </message>
+    <message>
+        <source>acknowledged</source>
+        <translation>bestätigt</translation>
+    </message>
+    <message>
+        <source>refused by the camera</source>
+        <translation>von der Kamera abgelehnt</translation>
+    </message>
+    <message>
+        <source>not known to the camera</source>
+        <translation>der Kamera nicht bekannt</translation>
+    </message>
+    <message>
+        <source>no answer before the port closed</source>
+        <translation>keine Antwort, bevor die Verbindung endete</translation>
+    </message>
+    <message>
+        <source>not sent, no port is open</source>
+        <translation>nicht gesendet, keine Schnittstelle ist offen</translation>
+    </message>
+    <message>
+        <source>not usable, %1; the port was closed</source>
+        <translation>nicht brauchbar, %1; die Verbindung wurde beendet</translation>
+    </message>
+    <message>
+        <source>The camera still shows the earlier value: Settings-Preview sends it</source>
+        <translation>Die Kamera zeigt noch den früheren Wert: Einstellungsvorschau sendet den neuen</translation>
+    </message>
+</context>
+<context>
+    <name>StateLabels</name>
+    <message>
+        <source>Connection: %1</source>
+        <translation>Verbindung: %1</translation>
+    </message>
+    <message>
+        <source>Last command: %1</source>
+        <translation>Letzter Befehl: %1</translation>
+    </message>
+</context>
+<context>
+    <name>commandTitle</name>
+    <message>
+        <source>Write configuration</source>
+        <translation>Konfiguration schreiben</translation>
+    </message>
+    <message>
+        <source>Read configuration</source>
+        <translation>Konfiguration lesen</translation>
+    </message>
+    <message>
+        <source>Write factory settings</source>
+        <translation>Werkseinstellungen schreiben</translation>
+    </message>
+    <message>
+        <source>Read factory settings</source>
+        <translation>Werkseinstellungen lesen</translation>
+    </message>
+    <message>
+        <source>Identify camera</source>
+        <translation>Kamera erkennen</translation>
+    </message>
+    <message>
+        <source>Zoom preview</source>
+        <translation>Zoomvorschau</translation>
+    </message>
+    <message>
+        <source>Live settings</source>
+        <translation>Live-Einstellungen</translation>
+    </message>
+    <message>
+        <source>Read SBUS levels</source>
+        <translation>SBUS-Werte lesen</translation>
+    </message>
+    <message>
+        <source>Trigger</source>
+        <translation>Trigger</translation>
+    </message>
+    <message>
+        <source>GPS stream</source>
+        <translation>GPS-Datenstrom</translation>
+    </message>
+    <message>
+        <source>Auto focus</source>
+        <translation>Autofokus</translation>
+    </message>
+    <message>
+        <source>HDMI displacement</source>
+        <translation>HDMI-Verschiebung</translation>
+    </message>
+    <message>
+        <source>Analog displacement</source>
+        <translation>Analog-Verschiebung</translation>
+    </message>
+    <message>
+        <source>Flat-field correction</source>
+        <translation>Flachfeldkorrektur</translation>
+    </message>
+    <message>
+        <source>Infrared adjustment</source>
+        <translation>Infrarotanpassung</translation>
+    </message>
+    <message>
+        <source>Command %1</source>
+        <translation>Befehl %1</translation>
+    </message>
+</context>
+<context>
+    <name>recordDefect</name>
+    <message>
+        <source>of version %1, newer than this tool knows</source>
+        <translation>von Version %1, neuer als dieses Programm kennt</translation>
+    </message>
+    <message>
+        <source>of version %1, older than this tool reads</source>
+        <translation>von Version %1, älter als dieses Programm liest</translation>
+    </message>
+    <message>
+        <source>too short: %1 bytes instead of %2</source>
+        <translation>zu kurz: %1 Bytes statt %2</translation>
+    </message>
+    <message>
+        <source>wrong data length: %1</source>
+        <translation>falsche Datenlänge: %1</translation>
+    </message>
+    <message>
+        <source>wrong checksum</source>
+        <translation>falsche Prüfsumme</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>too short: %1 bytes</source>
+        <translation>zu kurz: %1 Bytes</translation>
+    </message>
+    <message>
+        <source>of a Quorvix 2.0, whose settings this tool does not know</source>
+        <translation>einer Quorvix 2.0, deren Einstellungen dieses Programm nicht kennt</translation>
+    </message>
+    <message>
+        <source>of no known camera</source>
+        <translation>von keiner bekannten Kamera</translation>
+    </message>
+</context>
+<context>
+    <name>recordfile</name>
+    <message>
+        <source>not a regular file</source>
+        <translation>keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>Cannot save %1: %2</source>
+        <translation>%1 lässt sich nicht speichern: %2</translation>
+    </message>
+    <message>
+        <source>Could not write %1 whole: %2. The file is as it was</source>
+        <translation>%1 ließ sich nicht ganz schreiben: %2. Die Datei ist, wie sie war</translation>
+    </message>
+    <message>
+        <source>Could not write %1 whole: %2. What it held is lost</source>
+        <translation>%1 ließ sich nicht ganz schreiben: %2. Ihr früherer Inhalt ist verloren</translation>
     </message>
 </context>
 <context>
