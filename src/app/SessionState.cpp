@@ -217,7 +217,7 @@ QString SessionState::lastCommand() const
 QString SessionState::describe(const Command &command) const
 {
     const auto ended = [&](const QString &how) {
-        return tr("%1: %2", "command, how it ended").arg(commandTitle(command.code), how);
+        return commandTitle(command.code) + QStringLiteral(": ") + how;
     };
     switch (command.end) {
     case End::Waiting: {

@@ -1,3 +1,5 @@
+#include "app/SessionState.h"
+#include "app/StateLabels.h"
 #include "app/messageState.h"
 #include "support/cameraend.h"
 #include "support/captureddiagnostics.h"
@@ -244,26 +246,35 @@ private slots:
         QVERIFY(!m_tool->window.statusBar()->toolTip().contains("<b>"));
     }
 
-    void labelsGiveWayToANarrowWindowAndToTheMessage()
+    void labelsForceNoWiderWindow()
     {
         const int before = m_tool->window.minimumSizeHint().width();
         QVERIFY(connectAndRead());
         QCOMPARE(m_tool->window.minimumSizeHint().width(), before);
-        QStatusBar *bar = m_tool->window.statusBar();
-        QVERIFY(bar->minimumSizeHint().width() < 200);
+        QVERIFY(m_tool->window.statusBar()->minimumSizeHint().width() < 200);
+    }
 
-        auto *state = m_tool->get<QLabel>("lbState");
-        auto *last = m_tool->get<QLabel>("lbLast");
-        bar->showMessage("x");
-        bar->resize(2000, bar->height());
+    void messageComesBeforeTheLabels()
+    {
+        SessionState session;
+        QStatusBar bar;
+        new StateLabels(&bar, &session, &bar);
+        const auto *state = bar.findChild<QLabel *>("lbState");
+        const auto *last = bar.findChild<QLabel *>("lbLast");
+        session.opened("/dev/serial/by-id/usb-camera");
+        session.identified("QX Blend Zoom", "1701234", 20190801);
+        session.sent(102, true);
+        bar.resize(3000, bar.sizeHint().height());
+        bar.show();
         QTRY_COMPARE(state->width(), state->sizeHint().width());
-        bar->showMessage(QString(40, 'x'));
-        bar->resize(600, bar->height());
-        const int message = bar->fontMetrics().horizontalAdvance(bar->currentMessage());
-        QTRY_VERIFY(last->geometry().right() <= 600);
-        QTRY_VERIFY(state->width() < state->sizeHint().width());
-        QTRY_VERIFY(state->width() > 50);
-        QTRY_VERIFY(state->x() >= std::min(message, 300));
+        QTRY_COMPARE(last->width(), last->sizeHint().width());
+        bar.showMessage(QString(30, 'x'));
+        bar.resize(700, bar.height());
+        const int message = bar.fontMetrics().horizontalAdvance(bar.currentMessage());
+        QTRY_VERIFY(state->x() >= std::min(message, 350));
+        QVERIFY(state->width() > 0 && state->width() < state->sizeHint().width());
+        QVERIFY(last->width() > 50);
+        QVERIFY(last->geometry().right() < 700);
     }
 };
 

@@ -2163,11 +2163,6 @@ https://www.quorvix.example/download.</translation>
         <translation>Konfiguration nie gelesen</translation>
     </message>
     <message>
-        <source>%1: %2</source>
-        <comment>command, how it ended</comment>
-        <translation>%1: %2</translation>
-    </message>
-    <message>
         <source>sent</source>
         <translation>gesendet</translation>
     </message>
