@@ -57,7 +57,8 @@ ElidedLabel *StateLabels::add(const char *name)
 
 bool StateLabels::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange)
+    if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange ||
+        event->type() == QEvent::Show)
         fit();
     return QObject::eventFilter(watched, event);
 }
@@ -70,8 +71,6 @@ void StateLabels::show()
     const QString command = m_state->lastCommand();
     setTexts(m_command, command, command, tr("Last command: %1").arg(command));
 
-    if (m_bar)
-        m_bar->setToolTip(toolTip(m_bar->currentMessage())); // the bar may be too narrow for it
     // Started by the command itself, so that its seconds are counted when they are over.
     if (!m_state->isWaiting())
         m_seconds.stop();
@@ -87,6 +86,7 @@ void StateLabels::fit()
         return;
     const int message = m_bar->fontMetrics().horizontalAdvance(m_bar->currentMessage());
     const int frames = spacing * 2 * int(m_labels.size() + 1) + m_bar->height(); // and size grip
+    int left = m_bar->width() - message - frames;
     int room = std::max(m_bar->width() - message, m_bar->width() / 2) - frames;
     // How the last command ended goes before a connection that is as it was.
     for (ElidedLabel *label : {m_command, m_connection}) {
@@ -96,7 +96,10 @@ void StateLabels::fit()
             std::max(0, std::min(hint, std::max(share, room - m_connection->sizeHint().width())));
         label->setMaximumWidth(width);
         room -= width;
+        left -= width;
     }
+    m_bar->setToolTip(m_bar->isVisible() && left < 0 ? toolTip(m_bar->currentMessage())
+                                                     : QString()); // it is cut
 }
 
 void StateLabels::showIdentity(const QString &message)

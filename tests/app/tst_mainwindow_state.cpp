@@ -275,6 +275,10 @@ private slots:
         QVERIFY(state->width() > 0 && state->width() < state->sizeHint().width());
         QVERIFY(last->width() > 50);
         QVERIFY(last->geometry().right() < 700);
+        bar.showMessage(QString(100, 'x'));
+        QCOMPARE(bar.toolTip(), bar.currentMessage());
+        bar.showMessage("x");
+        QCOMPARE(bar.toolTip(), QString());
     }
 };
 
