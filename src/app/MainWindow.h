@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/RecordTable.h"
+#include "app/SessionState.h"
 #include "devices/KovoDevices.h"
 #include "forms/guistatus.h"
 #include "link/ComioInterfaceCommand.h"
@@ -18,6 +19,7 @@ class FactorySettings;
 class FitScrollArea;
 class LiveEdit;
 class SerialConnection;
+class StateLabels;
 class kovoPacketManager;
 class sbusTester;
 struct thermalCommPacket_Blend_R8_TypeDef;
@@ -100,6 +102,8 @@ public slots:
     // MainWindow_wiring.cpp: port list, connect and disconnect
     void slotPortConnectionChanged(bool connected);
     void slotNewPortList(QStringList ports);
+    /// The device does not take what is sent (true), or takes it again.
+    void slotWriteStalled(bool stalled);
     void on_btConnectDisconnect_clicked();
 
     // MainWindow_exchange.cpp: outstanding command, sending, reply dispatch
@@ -232,6 +236,11 @@ private:
     void showModelGroups(const QList<QWidget *> &groups);
     void showExternalShutterOptions(bool installed);
     QByteArray recordFromForm();
+    void showCameraRecord(const QVector<unsigned char> &record);
+    static QString modelName(quint32 key);
+    void scheduleLiveSettings();
+    QString loadedText(const QString &name, quint32 key) const;
+    void showFileOutcome(const QString &outcome);
 
     Ui::MainWindow *m_ui = nullptr;
     SerialConnection *m_serial = nullptr;
@@ -241,7 +250,11 @@ private:
     sbusTester *m_sbusTester = nullptr;
     LiveEdit *m_liveEdit = nullptr;
     guistatus m_status;
-    bool m_openFailureShown = false; ///< by the status bar
+    SessionState m_state;
+    StateLabels *m_stateLabels = nullptr;
+    bool m_openFailureShown = false;    ///< by the status bar
+    bool m_showingCameraRecord = false; ///< the form changes by the camera's record
+    bool m_liveChangeUnsent = false;    ///< the form's focus or zoom is not the camera's
     QList<FitScrollArea *> m_pageAreas;
     QAction *m_frameSkipMark = nullptr; ///< null while the text is a number
 

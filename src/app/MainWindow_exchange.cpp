@@ -44,11 +44,13 @@ void MainWindow::slotSendMessage(const void *data, unsigned long length, unsigne
     messageState.frame.clear();
     m_packetManager->prepareMessage(data, length, partNumber, partCount, command,
                                     messageState.frame);
+    m_state.sent(command, m_serial->isOpen());
     m_serial->writeSerialPortData(messageState.frame);
 }
 
 void MainWindow::slotSendPacket(const QByteArray &frame)
 {
+    m_state.sent(kovoPacketManager::commandOf(frame), m_serial->isOpen());
     m_serial->writeSerialPortData(frame);
 }
 
@@ -135,6 +137,7 @@ void MainWindow::endWithoutPort(bool wasConnected)
 
 void MainWindow::dispatch(ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &data)
 {
+    m_state.received(command);
     if (!settleOutstandingCommand(command))
         return;
 
@@ -144,7 +147,7 @@ void MainWindow::dispatch(ComioInterfaceCommand_TypeDef command, const QVector<u
         break;
     case replyOk(COMIO_CMD_GET_CONFIG):
     case replyOk(COMIO_CMD_GET_CONTROL_STRUCT):
-        parseUnknownControlStruct(data);
+        showCameraRecord(data);
         break;
     case COMIO_CMD_SET_SERIAL_REPLY_OK:
         diagnostics::out(QStringLiteral("<<< Device replied with COMIO_CMD_SET_SERIAL_REPLY_OK"));

@@ -1,5 +1,6 @@
 #include "app/MainWindow.h"
 
+#include "app/recordDefect.h"
 #include "diagnostics/diagnostics.h"
 #include "forms/filedialog.h"
 #include "forms/messagebox.h"
@@ -7,11 +8,14 @@
 #include "link/SerialConnection.h"
 #include "records/thermalCommPacket_Blend_R8_TypeDef.h"
 #include "records/thermalCommPacket_Blend_Zoom_R13_TypeDef.h"
+#include "ui_MainWindow.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QStatusBar>
 
 #include <array>
+#include <cerrno>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -87,12 +91,14 @@ void MainWindow::on_btnSetConf_clicked()
 
 void MainWindow::setConfig_qx_blend()
 {
+    m_liveChangeUnsent = false;
     send(COMIO_CMD_SET_CONFIG, bytesOf<thermalCommPacket_Blend_R8_TypeDef>(
                                    [this](auto &record) { ui2config_qxblend(record); }));
 }
 
 void MainWindow::setConfig_qx_blend_zoom()
 {
+    m_liveChangeUnsent = false;
     send(COMIO_CMD_SET_CONFIG, bytesOf<thermalCommPacket_Blend_Zoom_R13_TypeDef>(
                                    [this](auto &record) { ui2config_qxblendzoom(record); }));
 }
@@ -105,11 +111,24 @@ void MainWindow::setConfig_qx_2_0()
     // holds beyond it stays.
     const std::array<char, sizeof(thermalCommPacket_Blend_R8_TypeDef)> record{};
     const int file = ::open(path.toUtf8().constData(), O_RDWR | O_CREAT, 0744);
-    if (file < 0)
+    int error = file < 0 ? errno : 0;
+    if (file < 0) {
         diagnostics::out(QStringLiteral("Error opening file!"));
-    else if (::write(file, record.data(), record.size()) != static_cast<ssize_t>(record.size()))
+    } else if (const ssize_t size = ::write(file, record.data(), record.size());
+               size != static_cast<ssize_t>(record.size())) {
+        error = size < 0 ? errno : ENOSPC; // part of it: the next byte has no room
         diagnostics::out(QStringLiteral("Error writing data to file"));
+    }
     ::close(file);
+    if (path.isEmpty())
+        return; // cancelled
+    const QString name = recordfile::shownName(path);
+    if (error == 0)
+        showFileOutcome(
+            tr("Saved %1 (zeros: the settings of a Quorvix 2.0 are not known)").arg(name));
+    else
+        showFileOutcome((file < 0 ? tr("Cannot save %1: %2") : tr("Could not write %1 whole: %2"))
+                            .arg(name, qt_error_string(error)));
 }
 
 void MainWindow::on_actionOpen_triggered()
@@ -125,10 +144,18 @@ void MainWindow::on_actionOpen_triggered()
 
 void MainWindow::loadConfigurationFile(const QString &path)
 {
-    const auto bytes = recordfile::read(path);
-    if (!bytes)
+    QString reason;
+    const auto bytes = recordfile::read(path, &reason);
+    const QString name = recordfile::shownName(path);
+    if (!bytes) {
+        showFileOutcome(tr("Cannot load %1: %2").arg(name, reason));
         return;
-    parseUnknownControlStruct(QVector<unsigned char>(bytes->begin(), bytes->end()));
+    }
+    const QVector<unsigned char> record(bytes->begin(), bytes->end());
+    const bool valid = parseUnknownControlStruct(record);
+    showFileOutcome(
+        valid ? loadedText(name, qFromLittleEndian<quint32>(record.constData()))
+              : tr("Cannot load %1, it holds no valid record: %2").arg(name, recordDefect(record)));
     if (m_serial->isOpen() &&
         confirmed(this, tr("Configuration loaded"),
                   tr("<p>The new configuration was succesfully loaded.<br>Do you "
@@ -153,12 +180,41 @@ void MainWindow::on_actionSave_triggered()
 void MainWindow::saveConfigurationFile(const QString &path)
 {
     const QFileInfo existing(path);
-    QFile file(path);
-    // A pipe would keep the window waiting until somebody reads from it.
-    if ((existing.exists() && !existing.isFile()) || !file.open(QIODevice::WriteOnly))
+    const QString name = recordfile::shownName(path);
+    if (existing.exists() && !existing.isFile()) {
+        showFileOutcome(tr("Cannot save %1: not a regular file").arg(name));
         return;
-    const QByteArray record = recordFromForm();
-    if (record.isEmpty())
-        diagnostics::err(QStringLiteral("<<< not implemeted"));
-    file.write(record);
+    }
+    QByteArray record;
+    const recordfile::Writing writing = recordfile::write(path, [&] {
+        record = recordFromForm();
+        if (record.isEmpty())
+            diagnostics::err(QStringLiteral("<<< not implemeted"));
+        return record;
+    });
+    const QString model = modelName(m_devices->getDevice());
+    if (writing.end != recordfile::Writing::End::Complete)
+        showFileOutcome(recordfile::failure(writing, path));
+    else if (!record.isEmpty())
+        showFileOutcome(tr("Saved %1 (%2)").arg(name, model));
+    else if (model.isEmpty())
+        showFileOutcome(
+            tr("%1 is empty: no model is chosen, so there is nothing to save").arg(name));
+    else
+        showFileOutcome(tr("%1 is empty: the settings of a %2 are not known").arg(name, model));
+}
+
+QString MainWindow::loadedText(const QString &name, quint32 key) const
+{
+    const QString text = tr("Loaded %1 (%2)").arg(name, modelName(key));
+    const quint32 active = m_devices->getDevice();
+    if (active == 0 || active == key)
+        return text;
+    return tr("%1, but the form is that of a %2").arg(text, modelName(active));
+}
+
+void MainWindow::showFileOutcome(const QString &outcome)
+{
+    m_openFailureShown = false;
+    m_ui->statusBar->showMessage(outcome);
 }

@@ -1,6 +1,8 @@
 #include "app/MainWindow.h"
 
+#include "app/StateLabels.h"
 #include "app/keyText.h"
+#include "app/recordDefect.h"
 #include "diagnostics/diagnostics.h"
 #include "diagnostics/escaped.h"
 #include "forms/messagebox.h"
@@ -8,6 +10,8 @@
 #include "records/thermalCommPacket_Blend_R8_TypeDef.h"
 #include "records/thermalCommPacket_Blend_Zoom_R13_TypeDef.h"
 #include "ui_MainWindow.h"
+
+#include <QScopedValueRollback>
 
 #include <algorithm>
 #include <cstring>
@@ -101,18 +105,37 @@ void MainWindow::parseDeviceID(QVector<unsigned char> payload)
 
     const Model *model = modelOfKey(key);
     if (!model->shortName) {
+        m_state.identified(modelName(key), QString(), firmwareDate);
         diagnostics::err(QStringLiteral(
             "<<< MainWindow::parseDeviceID() could not parse struct, unknown device"));
         return;
     }
-    m_ui->statusBar->showMessage(tr("Device ID: %1   Serial: %2")
-                                     .arg(QString::fromLatin1(model->shortName),
-                                          diagnostics::escaped(serialNumber(payload))));
+    const QString serial = diagnostics::escaped(serialNumber(payload));
+    m_state.identified(modelName(key), serial, firmwareDate);
+    m_stateLabels->showIdentity(tr("Device ID: %1   Serial: %2").arg(modelName(key), serial));
     checkFirmwareDate(firmwareDate);
     requestConfig(static_cast<KovoDeviceCRCKey_TypeDef>(key));
 }
 
 void MainWindow::parseSerial(QVector<unsigned char>) {}
+
+QString MainWindow::modelName(quint32 key)
+{
+    const Model *model = modelOfKey(key);
+    if (!model)
+        return {};
+    return QString::fromLatin1(model->shortName ? model->shortName : model->longName);
+}
+
+void MainWindow::showCameraRecord(const QVector<unsigned char> &record)
+{
+    const QScopedValueRollback<bool> showing(m_showingCameraRecord, true);
+    m_liveChangeUnsent = false;
+    if (parseUnknownControlStruct(record))
+        m_state.configurationRead();
+    else
+        m_state.configurationRefused(recordDefect(record));
+}
 
 bool MainWindow::parseUnknownControlStruct(QVector<unsigned char> record)
 {

@@ -82,13 +82,18 @@ void MainWindow::on_pb_iradj_send_clicked()
 
 void MainWindow::on_pbLivePreview_clicked()
 {
+    m_liveChangeUnsent = true;
     slotSendLiveSettings();
 }
 
 void MainWindow::slotSendLiveSettings()
 {
-    if (QDateTime::currentMSecsSinceEpoch() - messageState.sendTime < liveSettingsInterval)
+    if (QDateTime::currentMSecsSinceEpoch() - messageState.sendTime < liveSettingsInterval) {
+        if (m_liveChangeUnsent)
+            m_state.liveSettingsDropped();
         return;
+    }
+    m_liveChangeUnsent = false;
     const QByteArray record = recordFromForm();
     if (record.isEmpty())
         diagnostics::err(QStringLiteral("<<< not implemeted"));
@@ -108,11 +113,18 @@ void MainWindow::on_cbVLCTamronFocus_currentIndexChanged(int index)
 void MainWindow::on_hsTamronfocusvalue_valueChanged(int value)
 {
     m_ui->sbTamronFocusValue->setValue(value);
-    QTimer::singleShot(liveSettingsDelay, this, SLOT(slotSendLiveSettings()));
+    scheduleLiveSettings();
 }
 
 void MainWindow::on_sbTamronZoom_valueChanged(int)
 {
+    scheduleLiveSettings();
+}
+
+void MainWindow::scheduleLiveSettings()
+{
+    if (!m_showingCameraRecord)
+        m_liveChangeUnsent = true;
     QTimer::singleShot(liveSettingsDelay, this, SLOT(slotSendLiveSettings()));
 }
 

@@ -1,5 +1,6 @@
 #include "app/MainWindow.h"
 
+#include "app/StateLabels.h"
 #include "app/keyText.h"
 #include "app/messageState.h"
 #include "app/whatsthis.h"
@@ -45,6 +46,7 @@ MainWindow::MainWindow(QWidget *parent) : QMainWindow(parent), m_ui(new Ui::Main
 {
     setLocale(inputs::locale());
     m_ui->setupUi(this);
+    m_stateLabels = new StateLabels(m_ui->statusBar, &m_state, this);
     inputs::guardAll(this);
 
     for (QWidget *widget : std::initializer_list<QWidget *>{
@@ -143,6 +145,8 @@ void MainWindow::createCompanions()
             SLOT(slotPacketStateMachine(QByteArray)));
     connect(m_serial, SIGNAL(signalPortConnectionChanged(bool)), this,
             SLOT(slotPortConnectionChanged(bool)));
+    connect(m_serial, &SerialConnection::signalWriteStalled, this,
+            &MainWindow::slotWriteStalled);
 
     m_factorySettings = new FactorySettings(this);
     m_factorySettings->connectDevice(false);
@@ -266,10 +270,13 @@ void MainWindow::slotPortConnectionChanged(bool)
     const bool open = m_serial->isOpen();
     m_ui->btConnectDisconnect->setText(open ? tr("Disconnect") : tr("Connect"));
     if (open) {
+        m_state.opened(m_ui->comboBoxPort->currentText());
         send(COMIO_CMD_GET_DEVICE_ID);
         if (!m_serial->isOpen())
             return; // the line vanished under the request, which has closed the form already
     } else {
+        m_state.closed();
+        m_liveChangeUnsent = false;
         m_status.setBusy(false);
         dropWhatFollowsClosingMessage();
     }
@@ -284,4 +291,9 @@ void MainWindow::slotPortConnectionChanged(bool)
     // The live view stays usable after a disconnect.
     if (open)
         m_ui->tab_liveview->setEnabled(true);
+}
+
+void MainWindow::slotWriteStalled(bool stalled)
+{
+    m_state.setWriteStalled(stalled);
 }

@@ -23,6 +23,7 @@ FactorySettings::FactorySettings(QWidget *parent)
     m_ui->setupUi(this);
     inputs::guardAll(this);
     setUpTables();
+    setUpNotes();
     for (QWidget *group : std::initializer_list<QWidget *>{
              m_ui->gb_QXB_LiveViewAdjustements, m_ui->gb_QXB_ArdviewAdjustements,
              m_ui->gb_QXBZ_analog, m_ui->gb_QXBZ_hdmi, m_ui->gb_QXBZ_ardview})
@@ -221,6 +222,7 @@ void FactorySettings::showSerialNumber(const std::array<char, 12> &bytes)
     const QString text = QString::fromLatin1(bytes.data(), int(end - bytes.begin()));
     out(QStringLiteral("<<< ") + diagnostics::escaped(text));
     m_ui->leSerialNumber->setText(text);
+    noteCutSerialNumber(m_ui->leSerialNumber->text() == text ? QString() : text);
 }
 
 std::array<char, 12> FactorySettings::serialNumber() const

@@ -5,11 +5,14 @@
 #include "records/FactorySettingsRecords.h"
 
 #include <QDialog>
+#include <QHash>
 #include <QVector>
 
 #include <array>
+#include <functional>
 #include <memory>
 
+class QLabel;
 class QSpinBox;
 class QTableWidget;
 class QTextStream;
@@ -81,8 +84,9 @@ public slots:
 
     void on_pb_WriteFile_clicked();
     void on_pb_ReadFile_clicked();
-    /// Writes the record to dir/SERIAL.dat; a file that cannot be opened is left alone, one that
-    /// cannot be written whole is named on standard error.
+    /// Writes the record to dir/SERIAL.dat; a file that cannot be opened is left alone, and one
+    /// that may be of another unit, whose serial number begins as this one's; one that cannot be
+    /// written whole is named on standard error.
     void writeFile(QString dir);
     /// Writes the report to dir/SERIAL.txt in the same way.
     void writeReport(QString dir);
@@ -111,11 +115,22 @@ private:
     void showCellsBeyond16Bit();
     void setDisplacementColumn(QTableWidget *table, int column, const std::array<int, 7> &values);
 
-    bool serialNumberNamesFile() const;
+    void setUpNotes();
+    void noteCutSerialNumber(const QString &whole);
+    void showFileOutcome(const QString &outcome);
+    bool serialNumberNamesFile();
+    void write(const QString &dir, const QString &extension,
+               const std::function<QByteArray()> &content);
+    bool mayBeOfAnotherUnit(const QString &path) const;
+    QString unitSerialNumber() const;
     QString unitFileName(const QString &dir, const QString &extension) const;
 
     std::unique_ptr<Ui::FactorySettings> m_ui;
     kovoPacketManager *m_packetManager = nullptr;
     KovoDevices *m_devices = nullptr;
-    bool m_showingRecord = false; ///< the boxes change by a record, not by the operator
+    QLabel *m_serialNote = nullptr;       ///< lbSerialNote: what the field does not show
+    QLabel *m_fileOutcome = nullptr;      ///< lbFileOutcome: how the last load or save ended
+    QString m_cutSerialNumber;            ///< the whole one, while the field shows its beginning
+    QHash<QString, QString> m_writtenFor; ///< path to the serial number of the unit
+    bool m_showingRecord = false;         ///< the boxes change by a record, not by the operator
 };

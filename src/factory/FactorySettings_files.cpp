@@ -5,9 +5,10 @@
 #include "forms/recordfile.h"
 #include "ui_FactorySettings.h"
 
+#include <QBuffer>
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QTextStream>
 
 #include <algorithm>
@@ -31,13 +32,6 @@ void reportRows(QTextStream &stream, const QTableWidget *table)
     }
 }
 
-/// A full disk shows only when the buffered bytes reach it.
-void reportUnwritten(const QFile &file)
-{
-    err(QStringLiteral("<<< could not write %1: %2")
-            .arg(diagnostics::escaped(file.fileName()), file.errorString()));
-}
-
 /// Runs the dialog; the first path chosen, or nothing after a cancel.
 QString chosenPath(QFileDialog &dialog)
 {
@@ -58,7 +52,9 @@ void FactorySettings::on_pb_WriteFile_clicked()
     if (dir.isEmpty() || !serialNumberNamesFile())
         return;
     writeFile(dir);
+    const QString data = m_fileOutcome->text();
     writeReport(dir);
+    showFileOutcome(data + QLatin1Char('\n') + m_fileOutcome->text());
 }
 
 void FactorySettings::on_pb_ReadFile_clicked()
@@ -66,7 +62,7 @@ void FactorySettings::on_pb_ReadFile_clicked()
     readFile();
 }
 
-bool FactorySettings::serialNumberNamesFile() const
+bool FactorySettings::serialNumberNamesFile()
 {
     const QString serial = m_ui->leSerialNumber->text();
     if (std::none_of(serial.begin(), serial.end(), [](QChar character) {
@@ -76,6 +72,7 @@ bool FactorySettings::serialNumberNamesFile() const
         return true;
     err(QStringLiteral("<<< the serial number cannot name a file: ") +
         diagnostics::escaped(serial));
+    showFileOutcome(tr("Nothing was saved: the serial number cannot name a file"));
     return false;
 }
 
@@ -87,40 +84,70 @@ QString FactorySettings::unitFileName(const QString &dir, const QString &extensi
 void FactorySettings::writeFile(QString dir)
 {
     out(QStringLiteral("FactorySettings::writeFile()"));
-    if (!serialNumberNamesFile())
-        return;
-    QFile file(unitFileName(dir, QStringLiteral(".dat")));
-    out(QStringLiteral("<<< ") + diagnostics::escaped(file.fileName()));
-    if (recordfile::isPipe(file.fileName()) || !file.open(QIODevice::WriteOnly))
-        return;
-    if (activeDevice() != KovoDevice_QXBlendZoom) {
-        err(QStringLiteral("<<< not implemeted"));
-        return;
-    }
-    const FactorySettings_QXBlendZoom_TypeDef record = ui2struct_QXBlendZoom();
-    const auto size = qint64(sizeof(record));
-    if (file.write(reinterpret_cast<const char *>(&record), size) != size || !file.flush())
-        reportUnwritten(file);
+    write(dir, QStringLiteral(".dat"), [this] {
+        const FactorySettings_QXBlendZoom_TypeDef record = ui2struct_QXBlendZoom();
+        return QByteArray(reinterpret_cast<const char *>(&record), sizeof record);
+    });
 }
 
 void FactorySettings::writeReport(QString dir)
 {
     out(QStringLiteral("FactorySettings::writeReport()"));
+    write(dir, QStringLiteral(".txt"), [this] {
+        QBuffer text;
+        text.open(QIODevice::WriteOnly | QIODevice::Text);
+        QTextStream stream(&text);
+        ui2report_QXBlendZoom(stream);
+        stream.flush();
+        return text.data();
+    });
+}
+
+void FactorySettings::write(const QString &dir, const QString &extension,
+                            const std::function<QByteArray()> &content)
+{
     if (!serialNumberNamesFile())
         return;
-    QFile file(unitFileName(dir, QStringLiteral(".txt")));
-    out(QStringLiteral("<<< ") + diagnostics::escaped(file.fileName()));
-    if (recordfile::isPipe(file.fileName()) || !file.open(QIODevice::WriteOnly | QIODevice::Text))
-        return;
-    if (activeDevice() != KovoDevice_QXBlendZoom) {
-        err(QStringLiteral("<<< not implemeted"));
+    const QString path = unitFileName(dir, extension);
+    const QString name = recordfile::shownName(path);
+    out(QStringLiteral("<<< ") + diagnostics::escaped(path));
+    if (mayBeOfAnotherUnit(path)) {
+        showFileOutcome(tr("%1 is left as it is: it may be of another unit, for the serial number "
+                           "was cut. Choose another folder.")
+                            .arg(name));
         return;
     }
-    QTextStream stream(&file);
-    ui2report_QXBlendZoom(stream);
-    stream.flush();
-    if (stream.status() != QTextStream::Ok)
-        reportUnwritten(file);
+    const bool known = activeDevice() == KovoDevice_QXBlendZoom;
+    const recordfile::Writing writing = recordfile::write(path, [&] {
+        if (known)
+            return content();
+        err(QStringLiteral("<<< not implemeted"));
+        return QByteArray();
+    });
+    using End = recordfile::Writing::End;
+    if (writing.end == End::Unchanged || writing.end == End::Incomplete)
+        err(QStringLiteral("<<< could not write %1: %2").arg(path, writing.reason));
+    if (writing.end != End::Complete) {
+        showFileOutcome(recordfile::failure(writing, path));
+        return;
+    }
+    m_writtenFor.insert(path, unitSerialNumber());
+    showFileOutcome(known ? tr("Saved %1").arg(name)
+                          : tr("%1 is empty: only a Quorvix Blend Zoom is saved").arg(name));
+}
+
+bool FactorySettings::mayBeOfAnotherUnit(const QString &path) const
+{
+    if (!QFileInfo::exists(path))
+        return false;
+    const auto unit = m_writtenFor.constFind(path);
+    return unit == m_writtenFor.constEnd() ? !m_cutSerialNumber.isEmpty()
+                                           : *unit != unitSerialNumber();
+}
+
+QString FactorySettings::unitSerialNumber() const
+{
+    return m_cutSerialNumber.isEmpty() ? m_ui->leSerialNumber->text() : m_cutSerialNumber;
 }
 
 void FactorySettings::readFile()
@@ -136,21 +163,31 @@ void FactorySettings::readFile()
 
 void FactorySettings::loadFile(const QString &path)
 {
-    const auto bytes = recordfile::read(path);
-    if (!bytes)
+    const QString name = recordfile::shownName(path);
+    QString reason;
+    const auto bytes = recordfile::read(path, &reason);
+    if (!bytes) {
+        showFileOutcome(tr("Cannot load %1: %2").arg(name, reason));
         return;
+    }
     if (activeDevice() != KovoDevice_QXBlendZoom) {
         err(QStringLiteral("FactorySettings::readFile() Device not implemted"));
+        showFileOutcome(
+            tr("%1 was not loaded: only a Quorvix Blend Zoom has data files").arg(name));
         return;
     }
     FactorySettings_QXBlendZoom_TypeDef record;
     if (size_t(bytes->size()) < sizeof(record)) {
         err(QStringLiteral("FactorySettings::readFile() File too short: %1 bytes")
                 .arg(bytes->size()));
+        showFileOutcome(tr("Cannot load %1, it holds no valid record: too short, %2 bytes")
+                            .arg(name, QString::number(bytes->size())));
         return;
     }
     std::memcpy(&record, bytes->constData(), sizeof(record));
-    parseFactorySettings_QXBlendZoom(&record);
+    const bool shown = parseFactorySettings_QXBlendZoom(&record);
+    showFileOutcome(shown ? tr("Loaded %1").arg(name)
+                          : tr("Loaded the serial number of %1 only").arg(name));
 }
 
 void FactorySettings::ui2report_QXBlendZoom(QTextStream &stream)

@@ -46,6 +46,12 @@ void kovoPacketManager::prepareMessage(const void *data, size_t length, uint16_t
     qToBigEndian(static_cast<quint32>(crc.getCRC()), bytes + crcOffset);
 }
 
+quint32 kovoPacketManager::commandOf(const QByteArray &frame)
+{
+    return frame.size() < HeaderSize ? quint32(COMIO_CMD_UNKNOWN)
+                                     : qFromBigEndian<quint32>(frame.constData() + CommandOffset);
+}
+
 void kovoPacketManager::slotPacketStateMachine(QByteArray data)
 {
     parser().feed(data,

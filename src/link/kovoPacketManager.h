@@ -21,6 +21,8 @@ public:
     /// `data` may be null when `length` is 0.
     void prepareMessage(const void *data, size_t length, uint16_t partNumber, uint16_t partCount,
                         ComioInterfaceCommand_TypeDef command, QByteArray &frame);
+    /// The command of a frame that prepareMessage() built.
+    static quint32 commandOf(const QByteArray &frame);
 
     /// Forgets what came in one read with the message that is being received, behind it.
     void dropFollowing();

@@ -205,6 +205,46 @@ Spalten: Zoomstellungen 1 bis 10; ganze Zahlen mit 32 Bit</translation>
         <source>and %1 more</source>
         <translation>und %1 weitere</translation>
     </message>
+<message>
+        <source>Nothing was saved: the serial number cannot name a file</source>
+        <translation>Nichts gespeichert: Die Seriennummer taugt nicht als Dateiname</translation>
+    </message>
+    <message>
+        <source>%1 is left as it is: it may be of another unit, for the serial number was cut. Choose another folder.</source>
+        <translation>%1 bleibt, wie sie ist: Sie kann zu einem anderen Gerät gehören, denn die Seriennummer wurde gekürzt. Wählen Sie einen anderen Ordner.</translation>
+    </message>
+    <message>
+        <source>Saved %1</source>
+        <translation>%1 gespeichert</translation>
+    </message>
+    <message>
+        <source>%1 is empty: only a Quorvix Blend Zoom is saved</source>
+        <translation>%1 ist leer: Nur eine Quorvix Blend Zoom wird gespeichert</translation>
+    </message>
+    <message>
+        <source>Cannot load %1: %2</source>
+        <translation>%1 lässt sich nicht laden: %2</translation>
+    </message>
+    <message>
+        <source>%1 was not loaded: only a Quorvix Blend Zoom has data files</source>
+        <translation>%1 wurde nicht geladen: Nur eine Quorvix Blend Zoom hat Datendateien</translation>
+    </message>
+    <message>
+        <source>Cannot load %1, it holds no valid record: too short, %2 bytes</source>
+        <translation>%1 lässt sich nicht laden, sie enthält keinen gültigen Datensatz: zu kurz, %2 Bytes</translation>
+    </message>
+    <message>
+        <source>Loaded %1</source>
+        <translation>%1 geladen</translation>
+    </message>
+    <message>
+        <source>Loaded the serial number of %1 only</source>
+        <translation>Nur die Seriennummer aus %1 geladen</translation>
+    </message>
+    <message>
+        <source>The unit's serial number %1 is longer than the field: only what the field shows is written.</source>
+        <translation>Die Seriennummer %1 des Geräts ist länger als das Feld: Nur was das Feld zeigt, wird geschrieben.</translation>
+    </message>
 </context>
 <context>
     <name>KovoDevices</name>
@@ -710,22 +750,38 @@ https://www.quorvix.example/download.</translation>
         <translation>Tasten: a / d nach links / rechts (A)   •   w / s nach oben / unten (B)   •   j / l mehr / weniger Beschnitt (F)   •   i / k mehr / weniger Beschnitt (G)</translation>
     </message>
     <message>
-        <source>Fetch the HDMI values of the main window&apos;s zoom factor from the factory settings</source>
+        <source>Fetch the HDMI values of the main window's zoom factor from the factory settings</source>
         <translation>Die HDMI-Werte des Zoomfaktors im Hauptfenster aus den Werkseinstellungen holen</translation>
     </message>
     <message>
-        <source>Put the HDMI values, without the shift by distance, into the factory settings of the main window&apos;s zoom factor</source>
+        <source>Put the HDMI values, without the shift by distance, into the factory settings of the main window's zoom factor</source>
         <translation>Die HDMI-Werte ohne den Versatz durch die Entfernung in die Werkseinstellungen für den Zoomfaktor im Hauptfenster eintragen</translation>
     </message>
     <message>
-        <source>Fetch the analog values of the main window&apos;s zoom factor from the factory settings</source>
+        <source>Fetch the analog values of the main window's zoom factor from the factory settings</source>
         <translation>Die analogen Werte des Zoomfaktors im Hauptfenster aus den Werkseinstellungen holen</translation>
     </message>
     <message>
-        <source>Put the analog values into the factory settings of the main window&apos;s zoom factor</source>
+        <source>Put the analog values into the factory settings of the main window's zoom factor</source>
         <translation>Die analogen Werte in die Werkseinstellungen für den Zoomfaktor im Hauptfenster eintragen</translation>
     </message>
-</context>
+<message>
+        <source>Fetch the HDMI values of the current zoom position from the factory settings</source>
+        <translation>Die HDMI-Werte der aktuellen Zoomstellung aus den Werkseinstellungen holen</translation>
+    </message>
+    <message>
+        <source>Put the HDMI values, without the shift by distance, into the factory settings</source>
+        <translation>Die HDMI-Werte, ohne den Versatz durch die Entfernung, in die Werkseinstellungen eintragen</translation>
+    </message>
+    <message>
+        <source>Fetch the analog values of the current zoom position from the factory settings</source>
+        <translation>Die Analogwerte der aktuellen Zoomstellung aus den Werkseinstellungen holen</translation>
+    </message>
+    <message>
+        <source>Put the analog values into the factory settings</source>
+        <translation>Die Analogwerte in die Werkseinstellungen eintragen</translation>
+    </message>
+    </context>
 <context>
     <name>MainWindow</name>
     <message>
@@ -821,7 +877,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Heizung</translation>
     </message>
     <message>
-        <source>Heating of the external shutter, 0 to 1000 on the shutter&apos;s own scale</source>
+        <source>Heating of the external shutter, 0 to 1000 on the shutter's own scale</source>
         <translation>Heizung des externen Shutters, 0 bis 1000 auf dessen eigener Skala</translation>
     </message>
     <message>
@@ -829,7 +885,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Heizzyklus</translation>
     </message>
     <message>
-        <source>Heat cycle of the external shutter, 0 to 2000 on the shutter&apos;s own scale</source>
+        <source>Heat cycle of the external shutter, 0 to 2000 on the shutter's own scale</source>
         <translation>Heizzyklus des externen Shutters, 0 bis 2000 auf dessen eigener Skala</translation>
     </message>
     <message>
@@ -837,7 +893,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Offset</translation>
     </message>
     <message>
-        <source>Offset of the external shutter, -20.00 to 20.00 on the shutter&apos;s own scale, in steps of 0.1; stored in hundredths</source>
+        <source>Offset of the external shutter, -20.00 to 20.00 on the shutter's own scale, in steps of 0.1; stored in hundredths</source>
         <translation>Offset des externen Shutters, -20,00 bis 20,00 auf dessen eigener Skala, in Schritten von 0,1; gespeichert in Hundertsteln</translation>
     </message>
     <message>
@@ -845,7 +901,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Shutter-Intervall</translation>
     </message>
     <message>
-        <source>Interval of the external shutter, 0 to 3600 on the shutter&apos;s own scale</source>
+        <source>Interval of the external shutter, 0 to 3600 on the shutter's own scale</source>
         <translation>Intervall des externen Shutters, 0 bis 3600 auf dessen eigener Skala</translation>
     </message>
     <message>
@@ -1009,7 +1065,7 @@ https://www.quorvix.example/download.</translation>
         <translation>GPS/Seriell</translation>
     </message>
     <message>
-        <source>Set &quot;Periphery &gt; GPS&quot; to &quot;Custom settings&quot; to enable configuration.</source>
+        <source>Set "Periphery &gt; GPS" to "Custom settings" to enable configuration.</source>
         <translation>Zum Einstellen „Peripherie &gt; GPS“ auf „Eigene Einstellungen“ stellen.</translation>
     </message>
     <message>
@@ -1085,7 +1141,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Serielle Daten/GPS-Daten</translation>
     </message>
     <message>
-        <source>Set &quot;Trigger &gt; Trigger mode&quot; to &quot;SBUS&quot; or &quot;PPM&quot; to enable configuration of channels</source>
+        <source>Set "Trigger &gt; Trigger mode" to "SBUS" or "PPM" to enable configuration of channels</source>
         <translation>Zum Einstellen der Kanäle „Trigger &gt; Triggermodus“ auf „SBUS“ oder „PPM“ stellen</translation>
     </message>
     <message>
@@ -1982,7 +2038,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Benutzerhandbuch</translation>
     </message>
     <message>
-        <source>&lt;p&gt;The user guide is not installed on this computer.&lt;/p&gt;&lt;p&gt;It comes with the program&apos;s package and its sources as guide.md.&lt;/p&gt;</source>
+        <source>&lt;p&gt;The user guide is not installed on this computer.&lt;/p&gt;&lt;p&gt;It comes with the program's package and its sources as guide.md.&lt;/p&gt;</source>
         <translation>&lt;p&gt;Das Benutzerhandbuch ist auf diesem Rechner nicht installiert.&lt;/p&gt;&lt;p&gt;Es liegt dem Paket des Programms und seinen Quellen als guide.md bei (auf Englisch).&lt;/p&gt;</translation>
     </message>
     <message>
@@ -2088,6 +2144,82 @@ https://www.quorvix.example/download.</translation>
     <message>
         <source>No whole number from 0 to 4294967295: 0 is stored</source>
         <translation>Keine ganze Zahl von 0 bis 4294967295: gespeichert wird 0</translation>
+    </message>
+<message>
+        <source>Switching this on presets the channels of the SBUS/PPM tab for the gimbal, sets the trigger to SBUS with an ongoing stream and turns the overlay off; these fields are then locked. Isotherms are switched by the remote control. Switching it off unlocks them, with the trigger at ON/OFF.</source>
+        <translation>Beim Einschalten werden die Kanäle der Registerkarte SBUS/PPM für den Gimbal belegt, der Trigger auf SBUS mit fortlaufendem Strom gesetzt und das Overlay ausgeschaltet; diese Felder sind dann gesperrt. Isothermen schaltet die Fernsteuerung. Beim Ausschalten werden sie freigegeben, der Trigger steht dann auf EIN/AUS.</translation>
+    </message>
+    <message>
+        <source>The receivers come with a fixed serial port: 38400 bit/s for the u-blox 6, 9600 bit/s for the u-blox 8 at 1 Hz, 115200 bit/s for the u-blox 8 at 10 Hz, each without parity, one stop bit, signal inverted. The settings on the GPS/Serial tab are locked then. Choose custom settings for any other hardware.</source>
+        <translation>Die Schnittstelle der Empfänger ist festgelegt: 38400 bit/s beim u-blox 6, 9600 bit/s beim u-blox 8 mit 1 Hz, 115200 bit/s beim u-blox 8 mit 10 Hz, jeweils ohne Parität, mit einem Stoppbit und invertiertem Signal. Die Einstellungen der Registerkarte GPS/Seriell sind dann gesperrt. Wählen Sie für jede andere Hardware eigene Einstellungen.</translation>
+    </message>
+    <message>
+        <source>Text that the camera receives on its serial port; the last 10000 lines are kept</source>
+        <translation>Text, den die Kamera an ihrer seriellen Schnittstelle empfängt; die letzten 10000 Zeilen bleiben erhalten</translation>
+    </message>
+    <message>
+        <source>SBUS levels run from 0 to 2047. Watch the live levels with the channel test and choose thresholds between those of the switch positions.</source>
+        <translation>SBUS-Pegel reichen von 0 bis 2047. Beobachten Sie die Pegel mit dem Kanaltest und wählen Sie Schwellen zwischen denen der Schalterstellungen.</translation>
+    </message>
+    <message>
+        <source>Zoom factor of the visible-light camera, 1 to 10; a connected camera follows after a second</source>
+        <translation>Zoomfaktor der Tageslichtkamera, 1 bis 10; eine verbundene Kamera folgt nach einer Sekunde</translation>
+    </message>
+    <message>
+        <source>Focus position, 4096 to 45056 in steps of 128, no unit; a connected camera follows after a second</source>
+        <translation>Fokusstellung, 4096 bis 45056 in Schritten von 128, ohne Einheit; eine verbundene Kamera folgt nach einer Sekunde</translation>
+    </message>
+    <message>
+        <source>Not offered at 60 Hz HDMI output, which fixes the quality at 75 %.</source>
+        <translation>Nicht verfügbar bei HDMI-Ausgabe mit 60 Hz, die die Qualität auf 75 % festlegt.</translation>
+    </message>
+    <message>
+        <source>The camera takes the settings over at once but forgets them when it restarts. At most one preview goes out every two seconds.</source>
+        <translation>Die Kamera übernimmt die Einstellungen sofort, vergisst sie aber bei einem Neustart. Höchstens eine Vorschau geht alle zwei Sekunden hinaus.</translation>
+    </message>
+    <message>
+        <source>Saved %1 (zeros: the settings of a Quorvix 2.0 are not known)</source>
+        <translation>%1 gespeichert (Nullen: Die Einstellungen einer Quorvix 2.0 sind nicht bekannt)</translation>
+    </message>
+    <message>
+        <source>Cannot save %1: %2</source>
+        <translation>%1 lässt sich nicht speichern: %2</translation>
+    </message>
+    <message>
+        <source>Could not write %1 whole: %2</source>
+        <translation>%1 ließ sich nicht ganz schreiben: %2</translation>
+    </message>
+    <message>
+        <source>Cannot load %1: %2</source>
+        <translation>%1 lässt sich nicht laden: %2</translation>
+    </message>
+    <message>
+        <source>Cannot load %1, it holds no valid record: %2</source>
+        <translation>%1 lässt sich nicht laden, sie enthält keinen gültigen Datensatz: %2</translation>
+    </message>
+    <message>
+        <source>Cannot save %1: not a regular file</source>
+        <translation>%1 lässt sich nicht speichern: keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>Saved %1 (%2)</source>
+        <translation>%1 gespeichert (%2)</translation>
+    </message>
+    <message>
+        <source>%1 is empty: no model is chosen, so there is nothing to save</source>
+        <translation>%1 ist leer: Es ist kein Modell gewählt, also gibt es nichts zu speichern</translation>
+    </message>
+    <message>
+        <source>%1 is empty: the settings of a %2 are not known</source>
+        <translation>%1 ist leer: Die Einstellungen einer %2 sind nicht bekannt</translation>
+    </message>
+    <message>
+        <source>Loaded %1 (%2)</source>
+        <translation>%1 geladen (%2)</translation>
+    </message>
+    <message>
+        <source>%1, but the form is that of a %2</source>
+        <translation>%1, aber das Formular ist das einer %2</translation>
     </message>
 </context>
 <context>
@@ -2260,7 +2392,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Die Liste ruht, solange ein Port offen ist. Ein Port, der ihr fehlt, wird beim Start genannt: quorvix-config --port NAME.</translation>
     </message>
     <message>
-        <source>After connecting, the camera&apos;s configuration is read into the form: what was changed there and neither written nor saved is replaced.</source>
+        <source>After connecting, the camera's configuration is read into the form: what was changed there and neither written nor saved is replaced.</source>
         <translation>Nach dem Verbinden wird die Konfiguration der Kamera in das Formular gelesen: Was dort geändert und weder geschrieben noch gespeichert wurde, wird ersetzt.</translation>
     </message>
     <message>
@@ -2272,7 +2404,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Öffnet die Kalibrierung und liest die der verbundenen Kamera.</translation>
     </message>
     <message>
-        <source>A setting of the external shutter on the shutter&apos;s own scale: its documentation tells what suits it. Shown while an external shutter is installed.</source>
+        <source>A setting of the external shutter on the shutter's own scale: its documentation tells what suits it. Shown while an external shutter is installed.</source>
         <translation>Eine Einstellung des externen Shutters in seiner eigenen Skala: Seine Dokumentation sagt, was zu ihm passt. Sichtbar, solange ein externer Shutter eingebaut ist.</translation>
     </message>
     <message>
@@ -2300,7 +2432,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Wirkt sofort auf die verbundene Kamera und ändert keine Einstellung. Ohne Verbindung geschieht nichts.</translation>
     </message>
     <message>
-        <source>These four settings have to be those of the hardware at the camera&apos;s serial port. A receiver chosen under Periphery &gt; GPS sets and locks them. Custom settings unlock them, and so does switching on the gimbal remote control of a Blend Zoom.</source>
+        <source>These four settings have to be those of the hardware at the camera's serial port. A receiver chosen under Periphery &gt; GPS sets and locks them. Custom settings unlock them, and so does switching on the gimbal remote control of a Blend Zoom.</source>
         <translation>Diese vier Einstellungen müssen die der Hardware an der seriellen Schnittstelle der Kamera sein. Ein Empfänger, der unter Peripherie &gt; GPS gewählt wird, setzt und sperrt sie. Eigene Einstellungen geben sie frei, ebenso das Einschalten der Gimbal-Fernsteuerung einer Blend Zoom.</translation>
     </message>
     <message>
@@ -2312,7 +2444,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Die Wahl von SBUS oder PPM als Triggermodus einer Blend deaktiviert diesen Kanal und sperrt ihn bis zum Ende des Programms.</translation>
     </message>
     <message>
-        <source>The two thresholds belong to this channel: they are read from its place in the camera&apos;s table of thresholds. A write puts them into every place.</source>
+        <source>The two thresholds belong to this channel: they are read from its place in the camera's table of thresholds. A write puts them into every place.</source>
         <translation>Die beiden Schwellen gehören zu diesem Kanal: Sie werden von seinem Platz in der Schwellentabelle der Kamera gelesen. Ein Schreiben setzt sie auf jeden Platz.</translation>
     </message>
     <message>
@@ -2390,6 +2522,209 @@ https://www.quorvix.example/download.</translation>
     <message>
         <source>The column of the factory settings is that of the zoom factor which is selected in the main window, tab Visible Light Camera.</source>
         <translation>Die Spalte der Werkseinstellungen ist die des Zoomfaktors, der im Hauptfenster auf der Registerkarte Tageslichtkamera gewählt ist.</translation>
+    </message>
+</context>
+<context>
+    <name>SessionState</name>
+    <message>
+        <source>Not connected</source>
+        <translation>Nicht verbunden</translation>
+    </message>
+    <message>
+        <source>Not connected. Last connection: %1</source>
+        <translation>Nicht verbunden. Letzte Verbindung: %1</translation>
+    </message>
+    <message>
+        <source>does not take what is sent</source>
+        <translation>nimmt nicht an, was gesendet wird</translation>
+    </message>
+    <message>
+        <source>no camera identified</source>
+        <translation>keine Kamera erkannt</translation>
+    </message>
+    <message>
+        <source>firmware %1</source>
+        <translation>Firmware %1</translation>
+    </message>
+    <message>
+        <source>configuration never read</source>
+        <translation>Konfiguration nie gelesen</translation>
+    </message>
+    <message>
+        <source>sent</source>
+        <translation>gesendet</translation>
+    </message>
+    <message>
+        <source>no answer for %1 s</source>
+        <translation>keine Antwort seit %1 s</translation>
+    </message>
+    <message>
+        <source>acknowledged, the camera restarts</source>
+        <translation>bestätigt, die Kamera startet neu</translation>
+    </message>
+    <message>
+        <source>acknowledged</source>
+        <translation>bestätigt</translation>
+    </message>
+    <message>
+        <source>refused by the camera</source>
+        <translation>von der Kamera abgelehnt</translation>
+    </message>
+    <message>
+        <source>not known to the camera</source>
+        <translation>der Kamera nicht bekannt</translation>
+    </message>
+    <message>
+        <source>no answer before the port closed</source>
+        <translation>keine Antwort, bevor die Verbindung endete</translation>
+    </message>
+    <message>
+        <source>not sent, no port is open</source>
+        <translation>nicht gesendet, keine Schnittstelle ist offen</translation>
+    </message>
+    <message>
+        <source>not usable, %1; the port was closed</source>
+        <translation>nicht brauchbar, %1; die Verbindung wurde beendet</translation>
+    </message>
+    <message>
+        <source>The camera still shows the earlier value: Settings-Preview sends it</source>
+        <translation>Die Kamera zeigt noch den früheren Wert: Einstellungsvorschau sendet den neuen</translation>
+    </message>
+</context>
+<context>
+    <name>StateLabels</name>
+    <message>
+        <source>Connection: %1</source>
+        <translation>Verbindung: %1</translation>
+    </message>
+    <message>
+        <source>Last command: %1</source>
+        <translation>Letzter Befehl: %1</translation>
+    </message>
+</context>
+<context>
+    <name>commandTitle</name>
+    <message>
+        <source>Write configuration</source>
+        <translation>Konfiguration schreiben</translation>
+    </message>
+    <message>
+        <source>Read configuration</source>
+        <translation>Konfiguration lesen</translation>
+    </message>
+    <message>
+        <source>Write factory settings</source>
+        <translation>Werkseinstellungen schreiben</translation>
+    </message>
+    <message>
+        <source>Read factory settings</source>
+        <translation>Werkseinstellungen lesen</translation>
+    </message>
+    <message>
+        <source>Identify camera</source>
+        <translation>Kamera erkennen</translation>
+    </message>
+    <message>
+        <source>Zoom preview</source>
+        <translation>Zoomvorschau</translation>
+    </message>
+    <message>
+        <source>Live settings</source>
+        <translation>Live-Einstellungen</translation>
+    </message>
+    <message>
+        <source>Read SBUS levels</source>
+        <translation>SBUS-Werte lesen</translation>
+    </message>
+    <message>
+        <source>Trigger</source>
+        <translation>Trigger</translation>
+    </message>
+    <message>
+        <source>GPS stream</source>
+        <translation>GPS-Datenstrom</translation>
+    </message>
+    <message>
+        <source>Auto focus</source>
+        <translation>Autofokus</translation>
+    </message>
+    <message>
+        <source>HDMI displacement</source>
+        <translation>HDMI-Verschiebung</translation>
+    </message>
+    <message>
+        <source>Analog displacement</source>
+        <translation>Analog-Verschiebung</translation>
+    </message>
+    <message>
+        <source>Flat-field correction</source>
+        <translation>Flachfeldkorrektur</translation>
+    </message>
+    <message>
+        <source>Infrared adjustment</source>
+        <translation>Infrarotanpassung</translation>
+    </message>
+    <message>
+        <source>Command %1</source>
+        <translation>Befehl %1</translation>
+    </message>
+</context>
+<context>
+    <name>recordDefect</name>
+    <message>
+        <source>of version %1, newer than this tool knows</source>
+        <translation>von Version %1, neuer als dieses Programm kennt</translation>
+    </message>
+    <message>
+        <source>of version %1, older than this tool reads</source>
+        <translation>von Version %1, älter als dieses Programm liest</translation>
+    </message>
+    <message>
+        <source>too short: %1 bytes instead of %2</source>
+        <translation>zu kurz: %1 Bytes statt %2</translation>
+    </message>
+    <message>
+        <source>wrong data length: %1</source>
+        <translation>falsche Datenlänge: %1</translation>
+    </message>
+    <message>
+        <source>wrong checksum</source>
+        <translation>falsche Prüfsumme</translation>
+    </message>
+    <message>
+        <source>empty</source>
+        <translation>leer</translation>
+    </message>
+    <message>
+        <source>too short: %1 bytes</source>
+        <translation>zu kurz: %1 Bytes</translation>
+    </message>
+    <message>
+        <source>of a Quorvix 2.0, whose settings this tool does not know</source>
+        <translation>einer Quorvix 2.0, deren Einstellungen dieses Programm nicht kennt</translation>
+    </message>
+    <message>
+        <source>of no known camera</source>
+        <translation>von keiner bekannten Kamera</translation>
+    </message>
+</context>
+<context>
+    <name>recordfile</name>
+    <message>
+        <source>not a regular file</source>
+        <translation>keine gewöhnliche Datei</translation>
+    </message>
+    <message>
+        <source>Cannot save %1: %2</source>
+        <translation>%1 lässt sich nicht speichern: %2</translation>
+    </message>
+    <message>
+        <source>Could not write %1 whole: %2. The file is as it was</source>
+        <translation>%1 ließ sich nicht ganz schreiben: %2. Die Datei ist, wie sie war</translation>
+    </message>
+    <message>
+        <source>Could not write %1 whole: %2. What it held is lost</source>
+        <translation>%1 ließ sich nicht ganz schreiben: %2. Ihr früherer Inhalt ist verloren</translation>
     </message>
 </context>
 </TS>

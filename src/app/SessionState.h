@@ -1,0 +1,97 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <vector>
+
+/// Follows the connection and the commands on the line and says in words where they stand: which
+/// camera is connected, and how the last command ended.
+///
+/// The requests that the program repeats by itself (SBUS levels) and the command that follows an
+/// acknowledged write are left out, so that they never hide what the operator did. A write that the
+/// camera did not acknowledge stays in view behind later commands until it is repeated or another
+/// unit is connected.
+class SessionState : public QObject
+{
+    Q_OBJECT
+
+public:
+    using Clock = std::function<qint64()>; ///< milliseconds from any start, never going back
+
+    explicit SessionState(QObject *parent = nullptr, Clock clock = {});
+
+    /// A port was opened: nothing is known of the camera behind it yet.
+    void opened(const QString &port);
+    /// The port was closed or has gone; what was not answered yet will not be.
+    void closed();
+    /// The camera's identity; an empty serial number is left out. `firmware`: decimal yyyymmdd.
+    void identified(const QString &model, const QString &serial, quint32 firmware);
+    /// The camera's record reached the form.
+    void configurationRead();
+    /// The camera's record was refused; `defect` says why.
+    void configurationRefused(const QString &defect);
+    /// A command is about to go to the port.
+    void sent(quint32 command, bool portOpen);
+    /// Code of any message from the camera.
+    void received(quint32 code);
+    /// A change on the form was not sent as live settings, because a command went shortly before.
+    void liveSettingsDropped();
+    /// Whether bytes wait because the device does not take them.
+    void setWriteStalled(bool stalled);
+
+    bool isConnected() const { return m_connected; }
+    /// True while lastCommand() counts seconds.
+    bool isWaiting() const;
+    /// "Not connected", or port, model, serial number, firmware and what is missing.
+    QString connection() const;
+    /// connection(), and without one what was connected last.
+    QString connectionDetails() const;
+    /// The last command and how it ended, after the writes and live settings that the camera does
+    /// not hold; empty before the first command.
+    QString lastCommand() const;
+
+signals:
+    void changed();
+
+private:
+    enum class End {
+        Waiting,
+        Acknowledged,
+        Refused,
+        NotKnown,   ///< to the camera
+        PortClosed, ///< before an answer
+        NotSent,    ///< for want of an open port
+        Unusable,   ///< answered with a record that was refused
+        Dropped,    ///< by this program
+    };
+
+    struct Command
+    {
+        quint32 code = 0;
+        End end = End::Waiting;
+        int unanswered = 0; ///< requests of this code that are still to be answered
+        qint64 since = 0;   ///< time of the last one
+        QString defect;
+    };
+
+    void makeLast(quint32 code);
+    void settle(Command &command, End end);
+    void forget(quint32 code);
+    QString unit() const;
+    QString describe(const Command &command) const;
+
+    Clock m_clock;
+    bool m_connected = false;
+    bool m_stalled = false;
+    bool m_configurationRead = false;
+    int m_polls = 0; ///< requests that are left out and are still to be answered
+    QString m_port;
+    QString m_model;
+    QString m_serial;
+    QString m_lastUnit; ///< identified last, in this connection or before
+    quint32 m_firmware = 0;
+    std::vector<Command> m_concerns; ///< earlier ones that the camera does not hold
+    Command m_last;
+};

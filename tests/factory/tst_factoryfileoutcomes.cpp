@@ -1,0 +1,192 @@
+#include "factory/factorywindow.h"
+#include "support/files.h"
+#include "support/modal.h"
+
+#include <QLabel>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <memory>
+#include <sys/resource.h>
+
+/// What the factory dialog says of its files, and that two units never share one.
+class TestFactoryFileOutcomes : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<FactoryWindow> m_w;
+
+    QString path(const char *name) const { return m_dir->filePath(QString::fromLatin1(name)); }
+    QString outcome() { return m_w->widget<QLabel>("lbFileOutcome")->text(); }
+
+    /// The record of a unit arrives; the question whether to show its tables is declined.
+    void receive(const QByteArray &serial)
+    {
+        modal::Answer<QMessageBox> decline(modal::click(QMessageBox::Cancel));
+        const QByteArray record =
+            zoomRecord(serial, initialArdview(), initialHdmi(), initialAnalog());
+        m_w->dialog.parseFactorySettings(QVector<uint8_t>(record.begin(), record.end()));
+    }
+
+    void clickWrite()
+    {
+        modal::Answer<QFileDialog> choose(modal::choose(m_dir->path()));
+        m_w->click("pb_WriteFile");
+    }
+
+private slots:
+    void initTestCase() { modal::useQtDialogs(); }
+    void init()
+    {
+        m_dir = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_dir->isValid());
+        m_w = std::make_unique<FactoryWindow>();
+        QVERIFY(m_w->devices.setDevice(KovoDevice_QXBlendZoom));
+        m_w->dialog.show();
+    }
+    void cleanup() { m_w.reset(); }
+
+    void nothingIsSaidBeforeTheFirstFile()
+    {
+        QVERIFY(m_w->widget("lbFileOutcome")->isHidden());
+        QVERIFY(m_w->widget("lbSerialNote")->isHidden());
+    }
+
+    void bothSavedFilesAreNamed()
+    {
+        clickWrite();
+        QCOMPARE(outcome(), QString("Saved 1700999.dat\nSaved 1700999.txt"));
+        QVERIFY(m_w->widget("lbFileOutcome")->isVisible());
+    }
+
+    void otherModelsLeaveEmptyFilesAndSaySo()
+    {
+        QVERIFY(m_w->devices.setDevice(KovoDevice_QXBlend));
+        clickWrite();
+        QCOMPARE(outcome(), QString("1700999.dat is empty: only a Quorvix Blend Zoom is saved\n"
+                                    "1700999.txt is empty: only a Quorvix Blend Zoom is saved"));
+        QCOMPARE(files::contentOf(path("1700999.dat")), QByteArray());
+    }
+
+    void filesThatCannotBeWrittenAreToldWithTheReason()
+    {
+        m_w->dialog.writeFile(path("none"));
+        QCOMPARE(outcome(), QString("Cannot save 1700999.dat: No such file or directory"));
+        m_w->dialog.writeReport(path("none"));
+        QCOMPARE(outcome(), QString("Cannot save 1700999.txt: No such file or directory"));
+        m_w->serialNumber()->setText("a/b");
+        clickWrite();
+        QCOMPARE(outcome(), QString("Nothing was saved: the serial number cannot name a file"));
+    }
+
+    void saveThatCannotBeCompletedKeepsTheEarlierFiles()
+    {
+        files::write(path("1700999.dat"), "data");
+        files::write(path("1700999.txt"), "report");
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before = {};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+        rlimit limit = before;
+        limit.rlim_cur = 100;
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &limit), 0);
+        m_w->dialog.writeFile(m_dir->path());
+        const QString data = outcome();
+        m_w->dialog.writeReport(m_dir->path());
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
+        std::signal(SIGXFSZ, handler);
+        QCOMPARE(
+            data,
+            QString("Could not write 1700999.dat whole: File too large. The file is as it was"));
+        QCOMPARE(
+            outcome(),
+            QString("Could not write 1700999.txt whole: File too large. The file is as it was"));
+        QCOMPARE(m_w->said.err(), QString("<<< could not write %1: File too large\n"
+                                          "<<< could not write %2: File too large\n")
+                                      .arg(path("1700999.dat"), path("1700999.txt")));
+        QCOMPARE(files::contentOf(path("1700999.dat")), QByteArray("data"));
+        QCOMPARE(files::contentOf(path("1700999.txt")), QByteArray("report"));
+    }
+
+    void loadedFilesAreNamed()
+    {
+        m_w->dialog.writeFile(m_dir->path());
+        {
+            modal::Answer<QMessageBox> ok(modal::click(QMessageBox::Ok));
+            m_w->dialog.loadFile(path("1700999.dat"));
+        }
+        QCOMPARE(outcome(), QString("Loaded 1700999.dat"));
+        modal::Answer<QMessageBox> cancel(modal::click(QMessageBox::Cancel));
+        m_w->dialog.loadFile(path("1700999.dat"));
+        QCOMPARE(outcome(), QString("Loaded the serial number of 1700999.dat only"));
+    }
+
+    void filesThatCannotBeLoadedAreToldWithTheReason()
+    {
+        m_w->dialog.loadFile(path("none.dat"));
+        QCOMPARE(outcome(), QString("Cannot load none.dat: No such file or directory"));
+        files::write(path("50%2.dat"), "short");
+        m_w->dialog.loadFile(path("50%2.dat"));
+        QCOMPARE(outcome(),
+                 QString("Cannot load 50%2.dat, it holds no valid record: too short, 5 bytes"));
+        QVERIFY(m_w->devices.setDevice(KovoDevice_QXBlend));
+        m_w->dialog.loadFile(path("50%2.dat"));
+        QCOMPARE(outcome(),
+                 QString("50%2.dat was not loaded: only a Quorvix Blend Zoom has data files"));
+    }
+
+    void cutSerialNumberIsShownWhole()
+    {
+        receive("1700999ABCDE");
+        QCOMPARE(m_w->serialNumber()->text(), QString("1700999"));
+        auto *note = m_w->widget<QLabel>("lbSerialNote");
+        QVERIFY(note->isVisible());
+        QCOMPARE(note->text(), QString("The unit's serial number 1700999ABCDE is longer than the "
+                                       "field: only what the field shows is written."));
+        receive("1701234");
+        QVERIFY(!note->isVisible());
+        receive("1700999A");
+        QVERIFY(note->isVisible());
+        m_w->serialNumber()->setFocus();
+        QTest::keyClick(m_w->serialNumber(), Qt::Key_Backspace);
+        QVERIFY(!note->isVisible());
+    }
+
+    void unitsCutToTheSameSerialNumberShareNoFile()
+    {
+        receive("1700999A");
+        clickWrite();
+        QCOMPARE(outcome(), QString("Saved 1700999.dat\nSaved 1700999.txt"));
+        clickWrite(); // the same unit again
+        QCOMPARE(outcome(), QString("Saved 1700999.dat\nSaved 1700999.txt"));
+        const QByteArray first = files::contentOf(path("1700999.dat"));
+
+        receive("1700999B");
+        m_w->table("tw_QXBZ_hdmi")->item(0, 0)->setText("77");
+        clickWrite();
+        const QString refused = " is left as it is: it may be of another unit, for the serial "
+                                "number was cut. Choose another folder.";
+        QCOMPARE(outcome(), "1700999.dat" + refused + "\n1700999.txt" + refused);
+        QCOMPARE(files::contentOf(path("1700999.dat")), first);
+        QVERIFY(!files::contentOf(path("1700999.txt")).contains("A 77,"));
+
+        receive("1700999"); // not cut, and neither of them
+        clickWrite();
+        QCOMPARE(files::contentOf(path("1700999.dat")), first);
+    }
+
+    void fileOfAnEarlierSessionIsNotReplacedByACutSerialNumber()
+    {
+        files::write(path("1700999.dat"), "another unit's");
+        receive("1700999A");
+        m_w->dialog.writeFile(m_dir->path());
+        QCOMPARE(files::contentOf(path("1700999.dat")), QByteArray("another unit's"));
+        receive("1700999");
+        m_w->dialog.writeFile(m_dir->path());
+        QCOMPARE(files::contentOf(path("1700999.dat")).size(), 416);
+    }
+};
+
+QTEST_MAIN(TestFactoryFileOutcomes)
+#include "tst_factoryfileoutcomes.moc"
