@@ -205,7 +205,7 @@ Spalten: Zoomstellungen 1 bis 10; ganze Zahlen mit 32 Bit</translation>
         <source>and %1 more</source>
         <translation>und %1 weitere</translation>
     </message>
-<message>
+    <message>
         <source>Nothing was saved: the serial number cannot name a file</source>
         <translation>Nichts gespeichert: Die Seriennummer taugt nicht als Dateiname</translation>
     </message>
@@ -242,7 +242,7 @@ Spalten: Zoomstellungen 1 bis 10; ganze Zahlen mit 32 Bit</translation>
         <translation>Nur die Seriennummer aus %1 geladen</translation>
     </message>
     <message>
-        <source>The unit's serial number %1 is longer than the field: only what the field shows is written.</source>
+        <source>The unit&apos;s serial number %1 is longer than the field: only what the field shows is written.</source>
         <translation>Die Seriennummer %1 des Geräts ist länger als das Feld: Nur was das Feld zeigt, wird geschrieben.</translation>
     </message>
 </context>
@@ -750,38 +750,22 @@ https://www.quorvix.example/download.</translation>
         <translation>Tasten: a / d nach links / rechts (A)   •   w / s nach oben / unten (B)   •   j / l mehr / weniger Beschnitt (F)   •   i / k mehr / weniger Beschnitt (G)</translation>
     </message>
     <message>
-        <source>Fetch the HDMI values of the main window's zoom factor from the factory settings</source>
+        <source>Fetch the HDMI values of the main window&apos;s zoom factor from the factory settings</source>
         <translation>Die HDMI-Werte des Zoomfaktors im Hauptfenster aus den Werkseinstellungen holen</translation>
     </message>
     <message>
-        <source>Put the HDMI values, without the shift by distance, into the factory settings of the main window's zoom factor</source>
+        <source>Put the HDMI values, without the shift by distance, into the factory settings of the main window&apos;s zoom factor</source>
         <translation>Die HDMI-Werte ohne den Versatz durch die Entfernung in die Werkseinstellungen für den Zoomfaktor im Hauptfenster eintragen</translation>
     </message>
     <message>
-        <source>Fetch the analog values of the main window's zoom factor from the factory settings</source>
+        <source>Fetch the analog values of the main window&apos;s zoom factor from the factory settings</source>
         <translation>Die analogen Werte des Zoomfaktors im Hauptfenster aus den Werkseinstellungen holen</translation>
     </message>
     <message>
-        <source>Put the analog values into the factory settings of the main window's zoom factor</source>
+        <source>Put the analog values into the factory settings of the main window&apos;s zoom factor</source>
         <translation>Die analogen Werte in die Werkseinstellungen für den Zoomfaktor im Hauptfenster eintragen</translation>
     </message>
-<message>
-        <source>Fetch the HDMI values of the current zoom position from the factory settings</source>
-        <translation>Die HDMI-Werte der aktuellen Zoomstellung aus den Werkseinstellungen holen</translation>
-    </message>
-    <message>
-        <source>Put the HDMI values, without the shift by distance, into the factory settings</source>
-        <translation>Die HDMI-Werte, ohne den Versatz durch die Entfernung, in die Werkseinstellungen eintragen</translation>
-    </message>
-    <message>
-        <source>Fetch the analog values of the current zoom position from the factory settings</source>
-        <translation>Die Analogwerte der aktuellen Zoomstellung aus den Werkseinstellungen holen</translation>
-    </message>
-    <message>
-        <source>Put the analog values into the factory settings</source>
-        <translation>Die Analogwerte in die Werkseinstellungen eintragen</translation>
-    </message>
-    </context>
+</context>
 <context>
     <name>MainWindow</name>
     <message>
@@ -877,7 +861,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Heizung</translation>
     </message>
     <message>
-        <source>Heating of the external shutter, 0 to 1000 on the shutter's own scale</source>
+        <source>Heating of the external shutter, 0 to 1000 on the shutter&apos;s own scale</source>
         <translation>Heizung des externen Shutters, 0 bis 1000 auf dessen eigener Skala</translation>
     </message>
     <message>
@@ -885,7 +869,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Heizzyklus</translation>
     </message>
     <message>
-        <source>Heat cycle of the external shutter, 0 to 2000 on the shutter's own scale</source>
+        <source>Heat cycle of the external shutter, 0 to 2000 on the shutter&apos;s own scale</source>
         <translation>Heizzyklus des externen Shutters, 0 bis 2000 auf dessen eigener Skala</translation>
     </message>
     <message>
@@ -893,7 +877,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Offset</translation>
     </message>
     <message>
-        <source>Offset of the external shutter, -20.00 to 20.00 on the shutter's own scale, in steps of 0.1; stored in hundredths</source>
+        <source>Offset of the external shutter, -20.00 to 20.00 on the shutter&apos;s own scale, in steps of 0.1; stored in hundredths</source>
         <translation>Offset des externen Shutters, -20,00 bis 20,00 auf dessen eigener Skala, in Schritten von 0,1; gespeichert in Hundertsteln</translation>
     </message>
     <message>
@@ -901,7 +885,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Shutter-Intervall</translation>
     </message>
     <message>
-        <source>Interval of the external shutter, 0 to 3600 on the shutter's own scale</source>
+        <source>Interval of the external shutter, 0 to 3600 on the shutter&apos;s own scale</source>
         <translation>Intervall des externen Shutters, 0 bis 3600 auf dessen eigener Skala</translation>
     </message>
     <message>
@@ -1065,7 +1049,7 @@ https://www.quorvix.example/download.</translation>
         <translation>GPS/Seriell</translation>
     </message>
     <message>
-        <source>Set "Periphery &gt; GPS" to "Custom settings" to enable configuration.</source>
+        <source>Set &quot;Periphery &gt; GPS&quot; to &quot;Custom settings&quot; to enable configuration.</source>
         <translation>Zum Einstellen „Peripherie &gt; GPS“ auf „Eigene Einstellungen“ stellen.</translation>
     </message>
     <message>
@@ -1141,7 +1125,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Serielle Daten/GPS-Daten</translation>
     </message>
     <message>
-        <source>Set "Trigger &gt; Trigger mode" to "SBUS" or "PPM" to enable configuration of channels</source>
+        <source>Set &quot;Trigger &gt; Trigger mode&quot; to &quot;SBUS&quot; or &quot;PPM&quot; to enable configuration of channels</source>
         <translation>Zum Einstellen der Kanäle „Trigger &gt; Triggermodus“ auf „SBUS“ oder „PPM“ stellen</translation>
     </message>
     <message>
@@ -2038,7 +2022,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Benutzerhandbuch</translation>
     </message>
     <message>
-        <source>&lt;p&gt;The user guide is not installed on this computer.&lt;/p&gt;&lt;p&gt;It comes with the program's package and its sources as guide.md.&lt;/p&gt;</source>
+        <source>&lt;p&gt;The user guide is not installed on this computer.&lt;/p&gt;&lt;p&gt;It comes with the program&apos;s package and its sources as guide.md.&lt;/p&gt;</source>
         <translation>&lt;p&gt;Das Benutzerhandbuch ist auf diesem Rechner nicht installiert.&lt;/p&gt;&lt;p&gt;Es liegt dem Paket des Programms und seinen Quellen als guide.md bei (auf Englisch).&lt;/p&gt;</translation>
     </message>
     <message>
@@ -2145,38 +2129,6 @@ https://www.quorvix.example/download.</translation>
         <source>No whole number from 0 to 4294967295: 0 is stored</source>
         <translation>Keine ganze Zahl von 0 bis 4294967295: gespeichert wird 0</translation>
     </message>
-<message>
-        <source>Switching this on presets the channels of the SBUS/PPM tab for the gimbal, sets the trigger to SBUS with an ongoing stream and turns the overlay off; these fields are then locked. Isotherms are switched by the remote control. Switching it off unlocks them, with the trigger at ON/OFF.</source>
-        <translation>Beim Einschalten werden die Kanäle der Registerkarte SBUS/PPM für den Gimbal belegt, der Trigger auf SBUS mit fortlaufendem Strom gesetzt und das Overlay ausgeschaltet; diese Felder sind dann gesperrt. Isothermen schaltet die Fernsteuerung. Beim Ausschalten werden sie freigegeben, der Trigger steht dann auf EIN/AUS.</translation>
-    </message>
-    <message>
-        <source>The receivers come with a fixed serial port: 38400 bit/s for the u-blox 6, 9600 bit/s for the u-blox 8 at 1 Hz, 115200 bit/s for the u-blox 8 at 10 Hz, each without parity, one stop bit, signal inverted. The settings on the GPS/Serial tab are locked then. Choose custom settings for any other hardware.</source>
-        <translation>Die Schnittstelle der Empfänger ist festgelegt: 38400 bit/s beim u-blox 6, 9600 bit/s beim u-blox 8 mit 1 Hz, 115200 bit/s beim u-blox 8 mit 10 Hz, jeweils ohne Parität, mit einem Stoppbit und invertiertem Signal. Die Einstellungen der Registerkarte GPS/Seriell sind dann gesperrt. Wählen Sie für jede andere Hardware eigene Einstellungen.</translation>
-    </message>
-    <message>
-        <source>Text that the camera receives on its serial port; the last 10000 lines are kept</source>
-        <translation>Text, den die Kamera an ihrer seriellen Schnittstelle empfängt; die letzten 10000 Zeilen bleiben erhalten</translation>
-    </message>
-    <message>
-        <source>SBUS levels run from 0 to 2047. Watch the live levels with the channel test and choose thresholds between those of the switch positions.</source>
-        <translation>SBUS-Pegel reichen von 0 bis 2047. Beobachten Sie die Pegel mit dem Kanaltest und wählen Sie Schwellen zwischen denen der Schalterstellungen.</translation>
-    </message>
-    <message>
-        <source>Zoom factor of the visible-light camera, 1 to 10; a connected camera follows after a second</source>
-        <translation>Zoomfaktor der Tageslichtkamera, 1 bis 10; eine verbundene Kamera folgt nach einer Sekunde</translation>
-    </message>
-    <message>
-        <source>Focus position, 4096 to 45056 in steps of 128, no unit; a connected camera follows after a second</source>
-        <translation>Fokusstellung, 4096 bis 45056 in Schritten von 128, ohne Einheit; eine verbundene Kamera folgt nach einer Sekunde</translation>
-    </message>
-    <message>
-        <source>Not offered at 60 Hz HDMI output, which fixes the quality at 75 %.</source>
-        <translation>Nicht verfügbar bei HDMI-Ausgabe mit 60 Hz, die die Qualität auf 75 % festlegt.</translation>
-    </message>
-    <message>
-        <source>The camera takes the settings over at once but forgets them when it restarts. At most one preview goes out every two seconds.</source>
-        <translation>Die Kamera übernimmt die Einstellungen sofort, vergisst sie aber bei einem Neustart. Höchstens eine Vorschau geht alle zwei Sekunden hinaus.</translation>
-    </message>
     <message>
         <source>Saved %1 (zeros: the settings of a Quorvix 2.0 are not known)</source>
         <translation>%1 gespeichert (Nullen: Die Einstellungen einer Quorvix 2.0 sind nicht bekannt)</translation>
@@ -2220,308 +2172,6 @@ https://www.quorvix.example/download.</translation>
     <message>
         <source>%1, but the form is that of a %2</source>
         <translation>%1, aber das Formular ist das einer %2</translation>
-    </message>
-</context>
-<context>
-    <name>sbusTester</name>
-    <message>
-        <source>Sbus tester</source>
-        <translation>SBUS-Test</translation>
-    </message>
-    <message>
-        <source>Channel live values</source>
-        <translation>Live-Werte der Kanäle</translation>
-    </message>
-    <message>
-        <source>Channel 1</source>
-        <translation>Kanal 1</translation>
-    </message>
-    <message>
-        <source>Level of channel 1</source>
-        <translation>Pegel von Kanal 1</translation>
-    </message>
-    <message>
-        <source>0 to 2000; the number shows higher levels in full</source>
-        <translation>0 bis 2000; die Zahl zeigt auch höhere Pegel vollständig</translation>
-    </message>
-    <message>
-        <source>Channel 2</source>
-        <translation>Kanal 2</translation>
-    </message>
-    <message>
-        <source>Level of channel 2</source>
-        <translation>Pegel von Kanal 2</translation>
-    </message>
-    <message>
-        <source>Channel 3</source>
-        <translation>Kanal 3</translation>
-    </message>
-    <message>
-        <source>Level of channel 3</source>
-        <translation>Pegel von Kanal 3</translation>
-    </message>
-    <message>
-        <source>Channel 4</source>
-        <translation>Kanal 4</translation>
-    </message>
-    <message>
-        <source>Level of channel 4</source>
-        <translation>Pegel von Kanal 4</translation>
-    </message>
-    <message>
-        <source>Channel 5</source>
-        <translation>Kanal 5</translation>
-    </message>
-    <message>
-        <source>Level of channel 5</source>
-        <translation>Pegel von Kanal 5</translation>
-    </message>
-    <message>
-        <source>Channel 6</source>
-        <translation>Kanal 6</translation>
-    </message>
-    <message>
-        <source>Level of channel 6</source>
-        <translation>Pegel von Kanal 6</translation>
-    </message>
-    <message>
-        <source>Channel 7</source>
-        <translation>Kanal 7</translation>
-    </message>
-    <message>
-        <source>Level of channel 7</source>
-        <translation>Pegel von Kanal 7</translation>
-    </message>
-    <message>
-        <source>Channel 8</source>
-        <translation>Kanal 8</translation>
-    </message>
-    <message>
-        <source>Level of channel 8</source>
-        <translation>Pegel von Kanal 8</translation>
-    </message>
-    <message>
-        <source>Channel 9</source>
-        <translation>Kanal 9</translation>
-    </message>
-    <message>
-        <source>Level of channel 9</source>
-        <translation>Pegel von Kanal 9</translation>
-    </message>
-    <message>
-        <source>Channel 10</source>
-        <translation>Kanal 10</translation>
-    </message>
-    <message>
-        <source>Level of channel 10</source>
-        <translation>Pegel von Kanal 10</translation>
-    </message>
-    <message>
-        <source>Channel 11</source>
-        <translation>Kanal 11</translation>
-    </message>
-    <message>
-        <source>Level of channel 11</source>
-        <translation>Pegel von Kanal 11</translation>
-    </message>
-    <message>
-        <source>Channel 12</source>
-        <translation>Kanal 12</translation>
-    </message>
-    <message>
-        <source>Level of channel 12</source>
-        <translation>Pegel von Kanal 12</translation>
-    </message>
-    <message>
-        <source>Channel 13</source>
-        <translation>Kanal 13</translation>
-    </message>
-    <message>
-        <source>Level of channel 13</source>
-        <translation>Pegel von Kanal 13</translation>
-    </message>
-    <message>
-        <source>Channel 14</source>
-        <translation>Kanal 14</translation>
-    </message>
-    <message>
-        <source>Level of channel 14</source>
-        <translation>Pegel von Kanal 14</translation>
-    </message>
-    <message>
-        <source>Channel 15</source>
-        <translation>Kanal 15</translation>
-    </message>
-    <message>
-        <source>Level of channel 15</source>
-        <translation>Pegel von Kanal 15</translation>
-    </message>
-    <message>
-        <source>Channel 16</source>
-        <translation>Kanal 16</translation>
-    </message>
-    <message>
-        <source>Level of channel 16</source>
-        <translation>Pegel von Kanal 16</translation>
-    </message>
-    <message>
-        <source>Busy indicator</source>
-        <translation>Aktivitätsanzeige</translation>
-    </message>
-    <message>
-        <source>Turns while channel levels are requested</source>
-        <translation>Dreht sich, solange Kanalpegel angefordert werden</translation>
-    </message>
-    <message>
-        <source>Start/Stop</source>
-        <translation>Start/Stopp</translation>
-    </message>
-    <message>
-        <source>Starts or stops asking the camera for its channel levels, twice a second</source>
-        <translation>Beginnt oder beendet die Abfrage der Kanalpegel der Kamera, zweimal je Sekunde</translation>
-    </message>
-</context>
-<context>
-    <name>whatsthis</name>
-    <message>
-        <source>Choose the model here to prepare or to save a configuration without a camera. A camera that is connected sets it by itself; leave it alone then, for what is written has the layout of this model.</source>
-        <translation>Wählen Sie hier das Modell, um ohne Kamera eine Konfiguration vorzubereiten oder zu speichern. Eine Kamera, die verbunden wird, stellt es selbst ein; lassen Sie es dann stehen, denn was geschrieben wird, hat den Aufbau dieses Modells.</translation>
-    </message>
-    <message>
-        <source>The list stands still while a port is open. A port that it lacks is named at the start: quorvix-config --port NAME.</source>
-        <translation>Die Liste ruht, solange ein Port offen ist. Ein Port, der ihr fehlt, wird beim Start genannt: quorvix-config --port NAME.</translation>
-    </message>
-    <message>
-        <source>After connecting, the camera's configuration is read into the form: what was changed there and neither written nor saved is replaced.</source>
-        <translation>Nach dem Verbinden wird die Konfiguration der Kamera in das Formular gelesen: Was dort geändert und weder geschrieben noch gespeichert wurde, wird ersetzt.</translation>
-    </message>
-    <message>
-        <source>What was changed in the form and neither written nor saved is replaced. The overlay, and on a Blend Zoom the switch mode of the colour map, are not read.</source>
-        <translation>Was im Formular geändert und weder geschrieben noch gespeichert wurde, wird ersetzt. Das Overlay und bei einer Blend Zoom der Umschaltmodus der Farbpalette werden nicht gelesen.</translation>
-    </message>
-    <message>
-        <source>Opens the calibration and reads that of the connected camera.</source>
-        <translation>Öffnet die Kalibrierung und liest die der verbundenen Kamera.</translation>
-    </message>
-    <message>
-        <source>A setting of the external shutter on the shutter's own scale: its documentation tells what suits it. Shown while an external shutter is installed.</source>
-        <translation>Eine Einstellung des externen Shutters in seiner eigenen Skala: Seine Dokumentation sagt, was zu ihm passt. Sichtbar, solange ein externer Shutter eingebaut ist.</translation>
-    </message>
-    <message>
-        <source>The offset is stored in hundredths and cut off, not rounded: 0.57 comes back as 0.56.</source>
-        <translation>Der Offset wird in Hundertsteln gespeichert und abgeschnitten, nicht gerundet: 0,57 kommt als 0,56 zurück.</translation>
-    </message>
-    <message>
-        <source>For tests on the ground only. Choose NONE before a flight. Blend Zoom only.</source>
-        <translation>Nur für Versuche am Boden. Wählen Sie vor einem Flug NONE. Nur Blend Zoom.</translation>
-    </message>
-    <message>
-        <source>Switching the gimbal remote control on sets the ongoing stream and locks the field.</source>
-        <translation>Das Einschalten der Gimbal-Fernsteuerung setzt den fortlaufenden Strom und sperrt das Feld.</translation>
-    </message>
-    <message>
-        <source>Automatic leaves the time to the infrared camera. The fixed intervals follow the delay below; they either wait for the end of a recording or interrupt it. An external shutter sets this to external and locks it.</source>
-        <translation>Automatisch überlässt die Zeit der Infrarotkamera. Die festen Abstände folgen der Verzögerung darunter; sie warten entweder das Ende einer Aufzeichnung ab oder unterbrechen sie. Ein externer Shutter setzt dies auf extern und sperrt es.</translation>
-    </message>
-    <message>
-        <source>Locked while the FFC mode is automatic.</source>
-        <translation>Gesperrt, solange der FFC-Modus automatisch ist.</translation>
-    </message>
-    <message>
-        <source>Acts on the connected camera at once and changes no setting. Nothing happens without a connection.</source>
-        <translation>Wirkt sofort auf die verbundene Kamera und ändert keine Einstellung. Ohne Verbindung geschieht nichts.</translation>
-    </message>
-    <message>
-        <source>These four settings have to be those of the hardware at the camera's serial port. A receiver chosen under Periphery &gt; GPS sets and locks them. Custom settings unlock them, and so does switching on the gimbal remote control of a Blend Zoom.</source>
-        <translation>Diese vier Einstellungen müssen die der Hardware an der seriellen Schnittstelle der Kamera sein. Ein Empfänger, der unter Peripherie &gt; GPS gewählt wird, setzt und sperrt sie. Eigene Einstellungen geben sie frei, ebenso das Einschalten der Gimbal-Fernsteuerung einer Blend Zoom.</translation>
-    </message>
-    <message>
-        <source>The channel test shows which channel a stick or a switch of the remote control moves. The trigger modes SBUS and PPM unlock the channels; the gimbal remote control presets them.</source>
-        <translation>Der Kanaltest zeigt, welchen Kanal ein Knüppel oder Schalter der Fernsteuerung bewegt. Die Triggermodi SBUS und PPM geben die Kanäle frei; die Gimbal-Fernsteuerung belegt sie.</translation>
-    </message>
-    <message>
-        <source>Choosing SBUS or PPM as trigger mode of a Blend deactivates this channel and locks it until the program ends.</source>
-        <translation>Die Wahl von SBUS oder PPM als Triggermodus einer Blend deaktiviert diesen Kanal und sperrt ihn bis zum Ende des Programms.</translation>
-    </message>
-    <message>
-        <source>The two thresholds belong to this channel: they are read from its place in the camera's table of thresholds. A write puts them into every place.</source>
-        <translation>Die beiden Schwellen gehören zu diesem Kanal: Sie werden von seinem Platz in der Schwellentabelle der Kamera gelesen. Ein Schreiben setzt sie auf jeden Platz.</translation>
-    </message>
-    <message>
-        <source>Read back from a Blend, but not from a Blend Zoom: set it before each write to a Blend Zoom.</source>
-        <translation>Wird von einer Blend zurückgelesen, von einer Blend Zoom aber nicht: Stellen Sie es vor jedem Schreiben in eine Blend Zoom ein.</translation>
-    </message>
-    <message>
-        <source>An external shutter (Periphery) occupies both ports and locks the lists. Choices that the model lacks are not offered.</source>
-        <translation>Ein externer Shutter (Peripherie) belegt beide Anschlüsse und sperrt die Listen. Was das Modell nicht hat, wird nicht angeboten.</translation>
-    </message>
-    <message>
-        <source>The overlay is written to the camera, but never read back: set it before each write. Switching the gimbal remote control on turns it off and locks it.</source>
-        <translation>Das Overlay wird in die Kamera geschrieben, aber nie zurückgelesen: Stellen Sie es vor jedem Schreiben ein. Das Einschalten der Gimbal-Fernsteuerung schaltet es aus und sperrt es.</translation>
-    </message>
-    <message>
-        <source>Locked, and off, while the isotherms are off.</source>
-        <translation>Gesperrt und aus, solange die Isothermen aus sind.</translation>
-    </message>
-    <message>
-        <source>Isotherms use all three thresholds, min / max the lower and the upper one, automatic isotherms none. Those that are not used are locked.</source>
-        <translation>Isothermen verwenden alle drei Schwellen, Min / Max die untere und die obere, automatische Isothermen keine. Nicht verwendete sind gesperrt.</translation>
-    </message>
-    <message>
-        <source>Switching the gimbal remote control on sets this to absolute values, switching it off to high/low.</source>
-        <translation>Das Einschalten der Gimbal-Fernsteuerung setzt dies auf absolute Werte, das Ausschalten auf hoch/niedrig.</translation>
-    </message>
-    <message>
-        <source>After a change the settings preview is locked until the next connection, for the camera has to be switched off and on. Changing to 60 Hz hides the JPEG quality and sets it to 75 %.</source>
-        <translation>Nach einem Wechsel ist die Einstellungsvorschau bis zur nächsten Verbindung gesperrt, denn die Kamera muss aus- und wieder eingeschaltet werden. Der Wechsel auf 60 Hz verbirgt die JPEG-Qualität und setzt sie auf 75 %.</translation>
-    </message>
-    <message>
-        <source>Offset and factor are sent together by the button. They belong to no configuration: neither reading nor saving keeps them.</source>
-        <translation>Offset und Faktor werden mit der Schaltfläche zusammen gesendet. Sie gehören zu keiner Konfiguration: Weder Lesen noch Speichern bewahrt sie.</translation>
-    </message>
-    <message>
-        <source>One second after a change the whole form is sent to the connected camera as live settings, without being stored. It is not sent if any other command went out within the two seconds before: if the camera does not follow, Settings-Preview sends the form.</source>
-        <translation>Eine Sekunde nach einer Änderung wird das ganze Formular als Live-Einstellungen an die verbundene Kamera gesendet, ohne gespeichert zu werden. Es wird nicht gesendet, wenn in den zwei Sekunden davor ein anderer Befehl hinausging: Folgt die Kamera nicht, sendet die Einstellungsvorschau das Formular.</translation>
-    </message>
-    <message>
-        <source>The shutter speed is shown with shutter priority only.</source>
-        <translation>Die Belichtungszeit ist nur bei Zeitvorwahl sichtbar.</translation>
-    </message>
-    <message>
-        <source>Manual unlocks the focus position, automatic locks it, and once after zoom leaves it as it is.</source>
-        <translation>Manuell gibt die Fokusposition frei, automatisch sperrt sie, und einmal nach Zoom lässt sie, wie sie ist.</translation>
-    </message>
-    <message>
-        <source>Auto adjust focus fills in what the camera has found. It is stored by writing the settings.</source>
-        <translation>Das automatische Justieren trägt ein, was die Kamera gefunden hat. Gespeichert wird es durch das Schreiben der Einstellungen.</translation>
-    </message>
-    <message>
-        <source>The camera tells the adjustment that it has found, and the field above shows it. Write the settings to store it.</source>
-        <translation>Die Kamera meldet die Justierung, die sie gefunden hat, und das Feld darüber zeigt sie. Schreiben Sie die Einstellungen, um sie zu speichern.</translation>
-    </message>
-    <message>
-        <source>Derived from the HDMI table by a button below. What is edited by hand here is lost when it is derived again.</source>
-        <translation>Wird mit einer Schaltfläche darunter aus der HDMI-Tabelle abgeleitet. Was hier von Hand geändert wurde, geht bei erneutem Ableiten verloren.</translation>
-    </message>
-    <message>
-        <source>All columns are computed anew, but for those whose E in the HDMI table is 0. Nothing is sent.</source>
-        <translation>Alle Spalten werden neu berechnet, außer denen, deren E in der HDMI-Tabelle 0 ist. Gesendet wird nichts.</translation>
-    </message>
-    <message>
-        <source>For a Blend Zoom you are asked before the tables are replaced; the serial number is taken over at once. Files are for the Blend Zoom only.</source>
-        <translation>Bei einer Blend Zoom werden Sie gefragt, bevor die Tabellen ersetzt werden; die Seriennummer wird sofort übernommen. Dateien gibt es nur für die Blend Zoom.</translation>
-    </message>
-    <message>
-        <source>The whole calibration of the unit is replaced. Keep a copy before you change it; the buttons for files do so for a Blend Zoom.</source>
-        <translation>Die ganze Kalibrierung des Geräts wird ersetzt. Bewahren Sie eine Kopie auf, bevor Sie sie ändern; bei einer Blend Zoom tun das die Schaltflächen für Dateien.</translation>
-    </message>
-    <message>
-        <source>The data file (.dat) can be read again, the report (.txt) is for reading and printing. For the Blend Zoom only.</source>
-        <translation>Die Datendatei (.dat) kann wieder gelesen werden, der Bericht (.txt) ist zum Lesen und Drucken. Nur für die Blend Zoom.</translation>
-    </message>
-    <message>
-        <source>The column of the factory settings is that of the zoom factor which is selected in the main window, tab Visible Light Camera.</source>
-        <translation>Die Spalte der Werkseinstellungen ist die des Zoomfaktors, der im Hauptfenster auf der Registerkarte Tageslichtkamera gewählt ist.</translation>
     </message>
 </context>
 <context>
@@ -2725,6 +2375,308 @@ https://www.quorvix.example/download.</translation>
     <message>
         <source>Could not write %1 whole: %2. What it held is lost</source>
         <translation>%1 ließ sich nicht ganz schreiben: %2. Ihr früherer Inhalt ist verloren</translation>
+    </message>
+</context>
+<context>
+    <name>sbusTester</name>
+    <message>
+        <source>Sbus tester</source>
+        <translation>SBUS-Test</translation>
+    </message>
+    <message>
+        <source>Channel live values</source>
+        <translation>Live-Werte der Kanäle</translation>
+    </message>
+    <message>
+        <source>Channel 1</source>
+        <translation>Kanal 1</translation>
+    </message>
+    <message>
+        <source>Level of channel 1</source>
+        <translation>Pegel von Kanal 1</translation>
+    </message>
+    <message>
+        <source>0 to 2000; the number shows higher levels in full</source>
+        <translation>0 bis 2000; die Zahl zeigt auch höhere Pegel vollständig</translation>
+    </message>
+    <message>
+        <source>Channel 2</source>
+        <translation>Kanal 2</translation>
+    </message>
+    <message>
+        <source>Level of channel 2</source>
+        <translation>Pegel von Kanal 2</translation>
+    </message>
+    <message>
+        <source>Channel 3</source>
+        <translation>Kanal 3</translation>
+    </message>
+    <message>
+        <source>Level of channel 3</source>
+        <translation>Pegel von Kanal 3</translation>
+    </message>
+    <message>
+        <source>Channel 4</source>
+        <translation>Kanal 4</translation>
+    </message>
+    <message>
+        <source>Level of channel 4</source>
+        <translation>Pegel von Kanal 4</translation>
+    </message>
+    <message>
+        <source>Channel 5</source>
+        <translation>Kanal 5</translation>
+    </message>
+    <message>
+        <source>Level of channel 5</source>
+        <translation>Pegel von Kanal 5</translation>
+    </message>
+    <message>
+        <source>Channel 6</source>
+        <translation>Kanal 6</translation>
+    </message>
+    <message>
+        <source>Level of channel 6</source>
+        <translation>Pegel von Kanal 6</translation>
+    </message>
+    <message>
+        <source>Channel 7</source>
+        <translation>Kanal 7</translation>
+    </message>
+    <message>
+        <source>Level of channel 7</source>
+        <translation>Pegel von Kanal 7</translation>
+    </message>
+    <message>
+        <source>Channel 8</source>
+        <translation>Kanal 8</translation>
+    </message>
+    <message>
+        <source>Level of channel 8</source>
+        <translation>Pegel von Kanal 8</translation>
+    </message>
+    <message>
+        <source>Channel 9</source>
+        <translation>Kanal 9</translation>
+    </message>
+    <message>
+        <source>Level of channel 9</source>
+        <translation>Pegel von Kanal 9</translation>
+    </message>
+    <message>
+        <source>Channel 10</source>
+        <translation>Kanal 10</translation>
+    </message>
+    <message>
+        <source>Level of channel 10</source>
+        <translation>Pegel von Kanal 10</translation>
+    </message>
+    <message>
+        <source>Channel 11</source>
+        <translation>Kanal 11</translation>
+    </message>
+    <message>
+        <source>Level of channel 11</source>
+        <translation>Pegel von Kanal 11</translation>
+    </message>
+    <message>
+        <source>Channel 12</source>
+        <translation>Kanal 12</translation>
+    </message>
+    <message>
+        <source>Level of channel 12</source>
+        <translation>Pegel von Kanal 12</translation>
+    </message>
+    <message>
+        <source>Channel 13</source>
+        <translation>Kanal 13</translation>
+    </message>
+    <message>
+        <source>Level of channel 13</source>
+        <translation>Pegel von Kanal 13</translation>
+    </message>
+    <message>
+        <source>Channel 14</source>
+        <translation>Kanal 14</translation>
+    </message>
+    <message>
+        <source>Level of channel 14</source>
+        <translation>Pegel von Kanal 14</translation>
+    </message>
+    <message>
+        <source>Channel 15</source>
+        <translation>Kanal 15</translation>
+    </message>
+    <message>
+        <source>Level of channel 15</source>
+        <translation>Pegel von Kanal 15</translation>
+    </message>
+    <message>
+        <source>Channel 16</source>
+        <translation>Kanal 16</translation>
+    </message>
+    <message>
+        <source>Level of channel 16</source>
+        <translation>Pegel von Kanal 16</translation>
+    </message>
+    <message>
+        <source>Busy indicator</source>
+        <translation>Aktivitätsanzeige</translation>
+    </message>
+    <message>
+        <source>Turns while channel levels are requested</source>
+        <translation>Dreht sich, solange Kanalpegel angefordert werden</translation>
+    </message>
+    <message>
+        <source>Start/Stop</source>
+        <translation>Start/Stopp</translation>
+    </message>
+    <message>
+        <source>Starts or stops asking the camera for its channel levels, twice a second</source>
+        <translation>Beginnt oder beendet die Abfrage der Kanalpegel der Kamera, zweimal je Sekunde</translation>
+    </message>
+</context>
+<context>
+    <name>whatsthis</name>
+    <message>
+        <source>Choose the model here to prepare or to save a configuration without a camera. A camera that is connected sets it by itself; leave it alone then, for what is written has the layout of this model.</source>
+        <translation>Wählen Sie hier das Modell, um ohne Kamera eine Konfiguration vorzubereiten oder zu speichern. Eine Kamera, die verbunden wird, stellt es selbst ein; lassen Sie es dann stehen, denn was geschrieben wird, hat den Aufbau dieses Modells.</translation>
+    </message>
+    <message>
+        <source>The list stands still while a port is open. A port that it lacks is named at the start: quorvix-config --port NAME.</source>
+        <translation>Die Liste ruht, solange ein Port offen ist. Ein Port, der ihr fehlt, wird beim Start genannt: quorvix-config --port NAME.</translation>
+    </message>
+    <message>
+        <source>After connecting, the camera&apos;s configuration is read into the form: what was changed there and neither written nor saved is replaced.</source>
+        <translation>Nach dem Verbinden wird die Konfiguration der Kamera in das Formular gelesen: Was dort geändert und weder geschrieben noch gespeichert wurde, wird ersetzt.</translation>
+    </message>
+    <message>
+        <source>What was changed in the form and neither written nor saved is replaced. The overlay, and on a Blend Zoom the switch mode of the colour map, are not read.</source>
+        <translation>Was im Formular geändert und weder geschrieben noch gespeichert wurde, wird ersetzt. Das Overlay und bei einer Blend Zoom der Umschaltmodus der Farbpalette werden nicht gelesen.</translation>
+    </message>
+    <message>
+        <source>Opens the calibration and reads that of the connected camera.</source>
+        <translation>Öffnet die Kalibrierung und liest die der verbundenen Kamera.</translation>
+    </message>
+    <message>
+        <source>A setting of the external shutter on the shutter&apos;s own scale: its documentation tells what suits it. Shown while an external shutter is installed.</source>
+        <translation>Eine Einstellung des externen Shutters in seiner eigenen Skala: Seine Dokumentation sagt, was zu ihm passt. Sichtbar, solange ein externer Shutter eingebaut ist.</translation>
+    </message>
+    <message>
+        <source>The offset is stored in hundredths and cut off, not rounded: 0.57 comes back as 0.56.</source>
+        <translation>Der Offset wird in Hundertsteln gespeichert und abgeschnitten, nicht gerundet: 0,57 kommt als 0,56 zurück.</translation>
+    </message>
+    <message>
+        <source>For tests on the ground only. Choose NONE before a flight. Blend Zoom only.</source>
+        <translation>Nur für Versuche am Boden. Wählen Sie vor einem Flug NONE. Nur Blend Zoom.</translation>
+    </message>
+    <message>
+        <source>Switching the gimbal remote control on sets the ongoing stream and locks the field.</source>
+        <translation>Das Einschalten der Gimbal-Fernsteuerung setzt den fortlaufenden Strom und sperrt das Feld.</translation>
+    </message>
+    <message>
+        <source>Automatic leaves the time to the infrared camera. The fixed intervals follow the delay below; they either wait for the end of a recording or interrupt it. An external shutter sets this to external and locks it.</source>
+        <translation>Automatisch überlässt die Zeit der Infrarotkamera. Die festen Abstände folgen der Verzögerung darunter; sie warten entweder das Ende einer Aufzeichnung ab oder unterbrechen sie. Ein externer Shutter setzt dies auf extern und sperrt es.</translation>
+    </message>
+    <message>
+        <source>Locked while the FFC mode is automatic.</source>
+        <translation>Gesperrt, solange der FFC-Modus automatisch ist.</translation>
+    </message>
+    <message>
+        <source>Acts on the connected camera at once and changes no setting. Nothing happens without a connection.</source>
+        <translation>Wirkt sofort auf die verbundene Kamera und ändert keine Einstellung. Ohne Verbindung geschieht nichts.</translation>
+    </message>
+    <message>
+        <source>These four settings have to be those of the hardware at the camera&apos;s serial port. A receiver chosen under Periphery &gt; GPS sets and locks them. Custom settings unlock them, and so does switching on the gimbal remote control of a Blend Zoom.</source>
+        <translation>Diese vier Einstellungen müssen die der Hardware an der seriellen Schnittstelle der Kamera sein. Ein Empfänger, der unter Peripherie &gt; GPS gewählt wird, setzt und sperrt sie. Eigene Einstellungen geben sie frei, ebenso das Einschalten der Gimbal-Fernsteuerung einer Blend Zoom.</translation>
+    </message>
+    <message>
+        <source>The channel test shows which channel a stick or a switch of the remote control moves. The trigger modes SBUS and PPM unlock the channels; the gimbal remote control presets them.</source>
+        <translation>Der Kanaltest zeigt, welchen Kanal ein Knüppel oder Schalter der Fernsteuerung bewegt. Die Triggermodi SBUS und PPM geben die Kanäle frei; die Gimbal-Fernsteuerung belegt sie.</translation>
+    </message>
+    <message>
+        <source>Choosing SBUS or PPM as trigger mode of a Blend deactivates this channel and locks it until the program ends.</source>
+        <translation>Die Wahl von SBUS oder PPM als Triggermodus einer Blend deaktiviert diesen Kanal und sperrt ihn bis zum Ende des Programms.</translation>
+    </message>
+    <message>
+        <source>The two thresholds belong to this channel: they are read from its place in the camera&apos;s table of thresholds. A write puts them into every place.</source>
+        <translation>Die beiden Schwellen gehören zu diesem Kanal: Sie werden von seinem Platz in der Schwellentabelle der Kamera gelesen. Ein Schreiben setzt sie auf jeden Platz.</translation>
+    </message>
+    <message>
+        <source>Read back from a Blend, but not from a Blend Zoom: set it before each write to a Blend Zoom.</source>
+        <translation>Wird von einer Blend zurückgelesen, von einer Blend Zoom aber nicht: Stellen Sie es vor jedem Schreiben in eine Blend Zoom ein.</translation>
+    </message>
+    <message>
+        <source>An external shutter (Periphery) occupies both ports and locks the lists. Choices that the model lacks are not offered.</source>
+        <translation>Ein externer Shutter (Peripherie) belegt beide Anschlüsse und sperrt die Listen. Was das Modell nicht hat, wird nicht angeboten.</translation>
+    </message>
+    <message>
+        <source>The overlay is written to the camera, but never read back: set it before each write. Switching the gimbal remote control on turns it off and locks it.</source>
+        <translation>Das Overlay wird in die Kamera geschrieben, aber nie zurückgelesen: Stellen Sie es vor jedem Schreiben ein. Das Einschalten der Gimbal-Fernsteuerung schaltet es aus und sperrt es.</translation>
+    </message>
+    <message>
+        <source>Locked, and off, while the isotherms are off.</source>
+        <translation>Gesperrt und aus, solange die Isothermen aus sind.</translation>
+    </message>
+    <message>
+        <source>Isotherms use all three thresholds, min / max the lower and the upper one, automatic isotherms none. Those that are not used are locked.</source>
+        <translation>Isothermen verwenden alle drei Schwellen, Min / Max die untere und die obere, automatische Isothermen keine. Nicht verwendete sind gesperrt.</translation>
+    </message>
+    <message>
+        <source>Switching the gimbal remote control on sets this to absolute values, switching it off to high/low.</source>
+        <translation>Das Einschalten der Gimbal-Fernsteuerung setzt dies auf absolute Werte, das Ausschalten auf hoch/niedrig.</translation>
+    </message>
+    <message>
+        <source>After a change the settings preview is locked until the next connection, for the camera has to be switched off and on. Changing to 60 Hz hides the JPEG quality and sets it to 75 %.</source>
+        <translation>Nach einem Wechsel ist die Einstellungsvorschau bis zur nächsten Verbindung gesperrt, denn die Kamera muss aus- und wieder eingeschaltet werden. Der Wechsel auf 60 Hz verbirgt die JPEG-Qualität und setzt sie auf 75 %.</translation>
+    </message>
+    <message>
+        <source>Offset and factor are sent together by the button. They belong to no configuration: neither reading nor saving keeps them.</source>
+        <translation>Offset und Faktor werden mit der Schaltfläche zusammen gesendet. Sie gehören zu keiner Konfiguration: Weder Lesen noch Speichern bewahrt sie.</translation>
+    </message>
+    <message>
+        <source>One second after a change the whole form is sent to the connected camera as live settings, without being stored. It is not sent if any other command went out within the two seconds before: if the camera does not follow, Settings-Preview sends the form.</source>
+        <translation>Eine Sekunde nach einer Änderung wird das ganze Formular als Live-Einstellungen an die verbundene Kamera gesendet, ohne gespeichert zu werden. Es wird nicht gesendet, wenn in den zwei Sekunden davor ein anderer Befehl hinausging: Folgt die Kamera nicht, sendet die Einstellungsvorschau das Formular.</translation>
+    </message>
+    <message>
+        <source>The shutter speed is shown with shutter priority only.</source>
+        <translation>Die Belichtungszeit ist nur bei Zeitvorwahl sichtbar.</translation>
+    </message>
+    <message>
+        <source>Manual unlocks the focus position, automatic locks it, and once after zoom leaves it as it is.</source>
+        <translation>Manuell gibt die Fokusposition frei, automatisch sperrt sie, und einmal nach Zoom lässt sie, wie sie ist.</translation>
+    </message>
+    <message>
+        <source>Auto adjust focus fills in what the camera has found. It is stored by writing the settings.</source>
+        <translation>Das automatische Justieren trägt ein, was die Kamera gefunden hat. Gespeichert wird es durch das Schreiben der Einstellungen.</translation>
+    </message>
+    <message>
+        <source>The camera tells the adjustment that it has found, and the field above shows it. Write the settings to store it.</source>
+        <translation>Die Kamera meldet die Justierung, die sie gefunden hat, und das Feld darüber zeigt sie. Schreiben Sie die Einstellungen, um sie zu speichern.</translation>
+    </message>
+    <message>
+        <source>Derived from the HDMI table by a button below. What is edited by hand here is lost when it is derived again.</source>
+        <translation>Wird mit einer Schaltfläche darunter aus der HDMI-Tabelle abgeleitet. Was hier von Hand geändert wurde, geht bei erneutem Ableiten verloren.</translation>
+    </message>
+    <message>
+        <source>All columns are computed anew, but for those whose E in the HDMI table is 0. Nothing is sent.</source>
+        <translation>Alle Spalten werden neu berechnet, außer denen, deren E in der HDMI-Tabelle 0 ist. Gesendet wird nichts.</translation>
+    </message>
+    <message>
+        <source>For a Blend Zoom you are asked before the tables are replaced; the serial number is taken over at once. Files are for the Blend Zoom only.</source>
+        <translation>Bei einer Blend Zoom werden Sie gefragt, bevor die Tabellen ersetzt werden; die Seriennummer wird sofort übernommen. Dateien gibt es nur für die Blend Zoom.</translation>
+    </message>
+    <message>
+        <source>The whole calibration of the unit is replaced. Keep a copy before you change it; the buttons for files do so for a Blend Zoom.</source>
+        <translation>Die ganze Kalibrierung des Geräts wird ersetzt. Bewahren Sie eine Kopie auf, bevor Sie sie ändern; bei einer Blend Zoom tun das die Schaltflächen für Dateien.</translation>
+    </message>
+    <message>
+        <source>The data file (.dat) can be read again, the report (.txt) is for reading and printing. For the Blend Zoom only.</source>
+        <translation>Die Datendatei (.dat) kann wieder gelesen werden, der Bericht (.txt) ist zum Lesen und Drucken. Nur für die Blend Zoom.</translation>
+    </message>
+    <message>
+        <source>The column of the factory settings is that of the zoom factor which is selected in the main window, tab Visible Light Camera.</source>
+        <translation>Die Spalte der Werkseinstellungen ist die des Zoomfaktors, der im Hauptfenster auf der Registerkarte Tageslichtkamera gewählt ist.</translation>
     </message>
 </context>
 </TS>
