@@ -197,8 +197,9 @@ void window(Table &table)
     const auto figures = toolFigures();
     table.row(QStringLiteral("Busy indicator while it spins, of a core"), Sense::AtMost, 10,
               figures.value(QStringLiteral("spin-share")) * 100, QStringLiteral(" %"),
-              QStringLiteral("idle window %1 %")
-                  .arg(figures.value(QStringLiteral("idle-share")) * 100, 0, 'f', 1));
+              QString());
+    table.row(QStringLiteral("Idle window, of a core"), Sense::AtMost, 0.5,
+              figures.value(QStringLiteral("idle-share")) * 100, QStringLiteral(" %"), QString());
     table.row(QStringLiteral("Longest gap of the event loop under load"), Sense::AtMost, 16,
               figures.value(QStringLiteral("load-gap-ms")), QStringLiteral(" ms"),
               QStringLiteral("%1 MB/s; median of the longest of each second %2 ms")

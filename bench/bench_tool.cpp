@@ -134,8 +134,8 @@ double share(int milliseconds)
 
 void measureIndicator(WindowUnderTest &tool)
 {
-    turnEventLoop(500);
-    print("idle-share", share(3000));
+    turnEventLoop(4000); // the ports are looked at closely for some time after the start
+    print("idle-share", share(10000));
     tool.window.slotSendMessage(nullptr, 0, 1, 1, COMIO_CMD_GET_DEVICE_ID); // nobody answers
     if (!tool.busy())
         qFatal("the indicator does not spin");

@@ -7,7 +7,7 @@
 #endif
 
 // Counted in calls: polls of the port list, two a second.
-static constexpr int looksAfterChange = 10;
+static constexpr int looksAfterChange = 4;
 static constexpr int callsBetweenLooks = 60;
 
 PortWatch::PortWatch()
