@@ -196,8 +196,7 @@ void window(Table &table)
 {
     const auto figures = toolFigures();
     table.row(QStringLiteral("Busy indicator while it spins, of a core"), Sense::AtMost, 10,
-              figures.value(QStringLiteral("spin-share")) * 100, QStringLiteral(" %"),
-              QString());
+              figures.value(QStringLiteral("spin-share")) * 100, QStringLiteral(" %"), QString());
     table.row(QStringLiteral("Idle window, of a core"), Sense::AtMost, 0.5,
               figures.value(QStringLiteral("idle-share")) * 100, QStringLiteral(" %"), QString());
     table.row(QStringLiteral("Longest gap of the event loop under load"), Sense::AtMost, 16,

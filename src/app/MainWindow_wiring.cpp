@@ -145,8 +145,7 @@ void MainWindow::createCompanions()
             SLOT(slotPacketStateMachine(QByteArray)));
     connect(m_serial, SIGNAL(signalPortConnectionChanged(bool)), this,
             SLOT(slotPortConnectionChanged(bool)));
-    connect(m_serial, &SerialConnection::signalWriteStalled, this,
-            &MainWindow::slotWriteStalled);
+    connect(m_serial, &SerialConnection::signalWriteStalled, this, &MainWindow::slotWriteStalled);
 
     m_factorySettings = new FactorySettings(this);
     m_factorySettings->connectDevice(false);

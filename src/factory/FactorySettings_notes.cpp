@@ -1,5 +1,5 @@
-#include "factory/FactorySettings.h"
 #include "diagnostics/escaped.h"
+#include "factory/FactorySettings.h"
 #include "ui_FactorySettings.h"
 
 #include <QLabel>
