@@ -155,9 +155,9 @@ constexpr Row rows[] = {
      QT_TRANSLATE_NOOP(
          "whatsthis",
          "One second after a change the whole form is sent to the connected camera as live "
-         "settings, without being stored. It is not sent if any other command went out within "
-         "the two seconds before: if the camera does not follow, Settings-Preview sends the "
-         "form.")},
+         "settings, without being stored. It is not sent if the main window sent another command "
+         "within the two seconds before: if the camera does not follow, Settings-Preview sends "
+         "the form.")},
     {"cb_vlc_ae_mode",
      QT_TRANSLATE_NOOP("whatsthis", "The shutter speed is shown with shutter priority only.")},
     {"cbVLCTamronFocus",

@@ -2106,8 +2106,8 @@ https://www.quorvix.example/download.</translation>
         <translation>Verborgen, solange der HDMI-Ausgang 60 Hz hat. Der Wechsel auf 60 Hz setzt die Qualität auf 75 %; eine Konfiguration, die mit 60 Hz gelesen wird, behält ihre Qualität.</translation>
     </message>
     <message>
-        <source>The camera takes the settings over at once but forgets them when it restarts. Nothing is sent within two seconds after another command: press again then. After a change of the HDMI video mode the button is locked until the next connection.</source>
-        <translation>Die Kamera übernimmt die Einstellungen sofort, vergisst sie aber bei einem Neustart. Innerhalb von zwei Sekunden nach einem anderen Befehl wird nichts gesendet: Drücken Sie dann noch einmal. Nach einem Wechsel des HDMI-Videomodus ist die Schaltfläche bis zur nächsten Verbindung gesperrt.</translation>
+        <source>The camera takes the settings over at once but forgets them when it restarts. Nothing is sent within two seconds after another command of the main window: press again then. After a change of the HDMI video mode the button is locked until the next connection.</source>
+        <translation>Die Kamera übernimmt die Einstellungen sofort, vergisst sie aber bei einem Neustart. Innerhalb von zwei Sekunden nach einem anderen Befehl des Hauptfensters wird nichts gesendet: Drücken Sie dann noch einmal. Nach einem Wechsel des HDMI-Videomodus ist die Schaltfläche bis zur nächsten Verbindung gesperrt.</translation>
     </message>
     <message>
         <source>Not sent: the camera is no longer connected. Connect again.</source>
@@ -2635,8 +2635,8 @@ https://www.quorvix.example/download.</translation>
         <translation>Offset und Faktor werden mit der Schaltfläche zusammen gesendet. Sie gehören zu keiner Konfiguration: Weder Lesen noch Speichern bewahrt sie.</translation>
     </message>
     <message>
-        <source>One second after a change the whole form is sent to the connected camera as live settings, without being stored. It is not sent if any other command went out within the two seconds before: if the camera does not follow, Settings-Preview sends the form.</source>
-        <translation>Eine Sekunde nach einer Änderung wird das ganze Formular als Live-Einstellungen an die verbundene Kamera gesendet, ohne gespeichert zu werden. Es wird nicht gesendet, wenn in den zwei Sekunden davor ein anderer Befehl hinausging: Folgt die Kamera nicht, sendet die Einstellungsvorschau das Formular.</translation>
+        <source>One second after a change the whole form is sent to the connected camera as live settings, without being stored. It is not sent if the main window sent another command within the two seconds before: if the camera does not follow, Settings-Preview sends the form.</source>
+        <translation>Eine Sekunde nach einer Änderung wird das ganze Formular als Live-Einstellungen an die verbundene Kamera gesendet, ohne gespeichert zu werden. Es wird nicht gesendet, wenn das Hauptfenster in den zwei Sekunden davor einen anderen Befehl gesendet hat: Folgt die Kamera nicht, sendet die Einstellungsvorschau das Formular.</translation>
     </message>
     <message>
         <source>The shutter speed is shown with shutter priority only.</source>
