@@ -6,6 +6,7 @@
 #include "ui_FactorySettings.h"
 
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QSpinBox>
 #include <QStyledItemDelegate>
 
@@ -79,15 +80,24 @@ public:
         editor->setButtonSymbols(QAbstractSpinBox::NoButtons);
         editor->setRange(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
         inputs::guard(editor);
+        connect(editor->findChild<QLineEdit *>(), &QLineEdit::textEdited, editor,
+                [editor] { editor->setProperty(typed, true); });
         return editor;
     }
 
     void setModelData(QWidget *editor, QAbstractItemModel *model,
                       const QModelIndex &index) const override
     {
-        if (static_cast<QSpinBox *>(editor)->value() != index.data().toInt())
+        bool isNumber = false;
+        const int held = index.data().toInt(&isNumber); // 0 for what is no number
+        if (isNumber ? static_cast<QSpinBox *>(editor)->value() != held
+                     : editor->property(typed).toBool())
             QStyledItemDelegate::setModelData(editor, model, index);
     }
+
+private:
+    /// Property of an editor in which something was typed.
+    static constexpr const char *typed = "quorvixTyped";
 };
 
 /// How many numbers that the camera does not get are named one by one.

@@ -106,6 +106,29 @@ private slots:
         QTRY_COMPARE(w.table(name)->item(1, 2)->data(Qt::DisplayRole), QVariant(number));
     }
 
+    void anyNumberReplacesAText_data()
+    {
+        QTest::addColumn<QString>("table");
+        QTest::addColumn<int>("number");
+        for (const char *table : tableNames)
+            for (const int number : {0, 7})
+                QTest::newRow(qPrintable(table + QStringLiteral(", %1").arg(number)))
+                    << table << number;
+    }
+    void anyNumberReplacesAText()
+    {
+        QFETCH(QString, table);
+        QFETCH(int, number);
+        const QByteArray name = table.toLatin1();
+        ZoomWindow w;
+        w.set(name, 1, 2, QStringLiteral("no number"));
+        QSpinBox *editor = w.edit(name, 1, 2);
+        editor->selectAll();
+        QTest::keyClicks(editor, QString::number(number));
+        QTest::keyClick(editor, Qt::Key_Return);
+        QTRY_COMPARE(w.table(name)->item(1, 2)->data(Qt::DisplayRole), QVariant(number));
+    }
+
     void recordKeepsTheLowBitsOfADisplacement()
     {
         ZoomWindow w;
