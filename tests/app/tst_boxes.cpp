@@ -8,11 +8,14 @@
 #include "support/records.h"
 
 #include <QAction>
+#include <QDesktopServices>
+#include <QDir>
 #include <QFile>
 #include <QTableWidget>
 #include <QTemporaryDir>
 
 #include <functional>
+#include <memory>
 
 namespace {
 
@@ -62,6 +65,35 @@ QByteArray record(quint32 version)
     return records::unsealed(records::keyBlendZoom, 209, version, 223);
 }
 
+/// The user guide where an installation has it, seen from the folder of the program.
+class InstalledGuide
+{
+public:
+    InstalledGuide()
+    {
+        const QString folder =
+            QCoreApplication::applicationDirPath() + "/../share/doc/quorvix-config";
+        m_file.setFileName(folder + "/guide.md");
+        if (!QDir().mkpath(folder) || !m_file.open(QIODevice::WriteOnly))
+            qFatal("no guide");
+    }
+    ~InstalledGuide() { m_file.remove(); }
+
+private:
+    QFile m_file;
+};
+
+/// No program shows a file: the one in charge lacks the slot that would.
+class NoViewer
+{
+public:
+    NoViewer() { QDesktopServices::setUrlHandler("file", &m_nobody, "open"); }
+    ~NoViewer() { QDesktopServices::unsetUrlHandler("file"); }
+
+private:
+    QObject m_nobody;
+};
+
 struct Box
 {
     const char *name;
@@ -79,7 +111,13 @@ const Box boxesWithOkAlone[] = {
      [](Tool &t) { t.tool.window.on_cbHDMIVideoMode_activated("MODE_1080P_60HZ"); }},
     {"About", [](Tool &t) { t.tool.get<QAction>("actionAbout")->trigger(); }},
     {"About Qt", [](Tool &t) { t.tool.get<QAction>("actionAboutQt")->trigger(); }},
-    {"User guide", [](Tool &t) { t.tool.get<QAction>("actionUserGuide")->trigger(); }},
+    {"User guide missing", [](Tool &t) { t.tool.get<QAction>("actionUserGuide")->trigger(); }},
+    {"User guide without a viewer",
+     [](Tool &t) {
+         const InstalledGuide guide;
+         const NoViewer viewer;
+         t.tool.get<QAction>("actionUserGuide")->trigger();
+     }},
 };
 
 } // namespace
@@ -89,6 +127,8 @@ class TestBoxes : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { modal::useQtDialogs(); }
+
     void okIsAnsweredByKeys_data()
     {
         QTest::addColumn<int>("box");
@@ -104,9 +144,16 @@ private slots:
         QFETCH(int, box);
         QFETCH(Qt::Key, key);
         Tool t;
-        modal::Answer<QMessageBox> answer(modal::press(key));
+        QString text;
+        modal::Answer<QMessageBox> answer([&](QMessageBox *shown) {
+            text = shown->text();
+            modal::press(key)(shown);
+        });
         boxesWithOkAlone[box].raise(t);
         QTRY_VERIFY(answer.given());
+        const QByteArray name = boxesWithOkAlone[box].name;
+        if (name.startsWith("User guide"))
+            QCOMPARE(text.contains("not installed"), name.endsWith("missing"));
         QVERIFY(!t.lines.out().contains(rejected));
     }
 
@@ -158,6 +205,50 @@ private slots:
         t.readFactorySettings();
         QVERIFY(answer.given());
         QCOMPARE(t.factoryCell(), QString(key == Qt::Key_Escape ? "483" : "1"));
+    }
+
+    void fileIsNotReplacedByTheKeysOfTheDefault_data()
+    {
+        QTest::addColumn<bool>("the20Model");
+        QTest::addColumn<Qt::Key>("key");
+        for (const bool the20Model : {false, true})
+            for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Escape})
+                QTest::addRow("%s, %s", the20Model ? "2.0" : "Save",
+                              qPrintable(QKeySequence(key).toString()))
+                    << the20Model << key;
+    }
+    void fileIsNotReplacedByTheKeysOfTheDefault()
+    {
+        QFETCH(bool, the20Model);
+        QFETCH(Qt::Key, key);
+        const QTemporaryDir folder;
+        QFile file(folder.filePath("QX20.BIN"));
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QCOMPARE(file.write(QByteArray(1000, 'x')), 1000);
+        QVERIFY(file.flush());
+
+        Tool t;
+        std::unique_ptr<modal::Answer<QMessageBox>> overwrite;
+        modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
+            overwrite = std::make_unique<modal::Answer<QMessageBox>>([key](QMessageBox *box) {
+                QCOMPARE(box->standardButtons(), QMessageBox::Yes | QMessageBox::No);
+                modal::press(key)(box);
+            });
+            modal::choose(file.fileName())(dialog);
+            const bool open = dialog->isVisible();
+            static_cast<QDialog *>(dialog)->reject();
+            QVERIFY(open); // for another name
+        });
+        if (the20Model)
+            t.tool.window.setConfig_qx_2_0();
+        else
+            t.tool.get<QAction>("actionSave")->trigger();
+        QVERIFY(choose.given());
+        QVERIFY(overwrite && overwrite->given());
+        QVERIFY(file.seek(0));
+        QCOMPARE(file.readAll(), QByteArray(1000, 'x'));
+        if (the20Model)
+            QCOMPARE(t.lines.out(), QStringLiteral("Error opening file!\n"));
     }
 
 private:
