@@ -45,7 +45,8 @@ QByteArray displacements(const QVector<int> &values)
     return payload;
 }
 
-void addLocales(const QStringList &inEveryLocale, const QStringList &inGerman)
+void addLocales(const QStringList &inEveryLocale, const QStringList &inGerman,
+                const QStringList &elsewhere = {})
 {
     QTest::addColumn<QString>("locale");
     QTest::addColumn<QString>("keys");
@@ -53,9 +54,8 @@ void addLocales(const QStringList &inEveryLocale, const QStringList &inGerman)
          {"C", "en_US", "fr_FR", "fi_FI", "sv_SE", "fa_IR", "de_DE", "de_AT", "de_CH"}) {
         for (const QString &keys : inEveryLocale)
             QTest::addRow("%s, %s", locale, qPrintable(keys)) << locale << keys;
-        if (QByteArray(locale).startsWith("de"))
-            for (const QString &keys : inGerman)
-                QTest::addRow("%s, %s", locale, qPrintable(keys)) << locale << keys;
+        for (const QString &keys : QByteArray(locale).startsWith("de") ? inGerman : elsewhere)
+            QTest::addRow("%s, %s", locale, qPrintable(keys)) << locale << keys;
     }
 }
 
@@ -85,6 +85,21 @@ private slots:
         type(form.widget("sb_eso_offset"), keys);
         // 0.29 * 100 is 28.999... in double precision and truncated
         QCOMPARE(records::get<qint32>(saved(form), 30), 28);
+    }
+
+    void commaIsNoKeyOfAFractionOutsideGerman_data() { addLocales({}, {}, {"0,29", ",5"}); }
+    void commaIsNoKeyOfAFractionOutsideGerman()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, keys);
+        choose(locale);
+        CapturedDiagnostics lines;
+        FormUnderTest form(records::keyBlend);
+        form.window.show();
+        form.set("cb_pheriphery_externalshutter_installed", 1);
+        type(form.widget("sb_eso_offset"), keys);
+        // 0, 2 and no 9, for 29 is beyond the range; 5
+        QCOMPARE(records::get<qint32>(saved(form), 30), keys == "0,29" ? 200 : 500);
     }
 
     void minusIsStored_data() { addLocales({"-1.5"}, {"-1,5"}); }
@@ -128,6 +143,23 @@ private slots:
         QCOMPARE(records::get<quint32>(record, 74), quint32(1234));
     }
 
+    void marksAreNoKeysOfWholeNumbers_data() { addLocales({"1.6", "1,6", "1.600"}, {}); }
+    void marksAreNoKeysOfWholeNumbers()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, keys);
+        choose(locale);
+        CapturedDiagnostics lines;
+        FormUnderTest form(records::keyBlend);
+        form.window.show();
+        form.set("cbFFCmode", 1);
+        form.get<QTabWidget>("tabWidget")->setCurrentWidget(form.widget("tab_4"));
+        type(form.widget("sbFFCdelay"), keys);
+        const int expected = keys == "1.600" ? 1600 : 16;
+        QCOMPARE(form.get<QSpinBox>("sbFFCdelay")->text(), QStringLiteral("%1s").arg(expected));
+        QCOMPARE(records::get<quint32>(saved(form), 69), quint32(1000 * expected));
+    }
+
     void distanceMovesTheOverlay_data() { addLocales({"1.6", "1.600"}, {"1,6", "1,600"}); }
     void distanceMovesTheOverlay()
     {
@@ -152,6 +184,22 @@ private slots:
         QCOMPARE(sent.count(), 1);
         QCOMPARE(sent.first().first().toByteArray(),
                  reference::frame(130, displacements({523, 159, 951, 761, 380, 0, 0})));
+    }
+
+    void commaIsNoKeyOfTheDistanceOutsideGerman_data() { addLocales({}, {}, {"1,6"}); }
+    void commaIsNoKeyOfTheDistanceOutsideGerman()
+    {
+        QFETCH(QString, locale);
+        QFETCH(QString, keys);
+        choose(locale);
+        CapturedDiagnostics lines;
+        LiveEdit editor;
+        editor.show();
+        editor.findChild<QCheckBox *>("cbUseDistance")->setChecked(true);
+        auto *distance = editor.findChild<QDoubleSpinBox *>("dsbDistanceToBB");
+        distance->setValue(5);
+        type(distance, keys);
+        QCOMPARE(distance->value(), 16.0);
     }
 
     void displacementsAreTypedAndShownAlike_data() { addLocales({"-12"}, {}); }
@@ -207,9 +255,14 @@ private slots:
                              "wholeNumbersAreStored:" + keys + "1234",
                              "distanceMovesTheOverlay:" + keys + "1.6",
                              "displacementsAreTypedAndShownAlike:" + keys + "-12"};
+        tests << "marksAreNoKeysOfWholeNumbers:" + keys + "1.6"
+              << "marksAreNoKeysOfWholeNumbers:" + keys + "1,6";
         if (rows.startsWith("de"))
             tests << "fractionIsStored:" + keys + "0,29"
                   << "distanceMovesTheOverlay:" + keys + "1,6";
+        else
+            tests << "commaIsNoKeyOfAFractionOutsideGerman:" + keys + "0,29"
+                  << "commaIsNoKeyOfTheDistanceOutsideGerman:" + keys + "1,6";
         QProcess process;
         process.setProcessEnvironment(environment);
         process.setProcessChannelMode(QProcess::MergedChannels);
