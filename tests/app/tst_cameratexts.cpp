@@ -34,6 +34,15 @@ private slots:
                      "Device ID: QX Blend   Serial: " + shown);
     }
 
+    void nameOfNoModelIsOneLine()
+    {
+        CapturedDiagnostics lines;
+        WindowUnderTest tool;
+        QVERIFY(!tool.window.changeDeviceName("Quorvix\nBlend\x1b[2J"));
+        QCOMPARE(lines.err(),
+                 QStringLiteral("<< Device not implemented: Quorvix\\x0aBlend\\x1b[2J\n"));
+    }
+
     void gpsTextIsPlain()
     {
         Exchange e;

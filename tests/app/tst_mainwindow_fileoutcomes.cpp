@@ -57,6 +57,16 @@ private slots:
         QCOMPARE(status(), QString("Loaded x.bin (QX Blend)"));
     }
 
+    void nameWithControlCharactersIsOneLine()
+    {
+        files::write(path("x\ny.bin"), sealed(blend()));
+        m_tool->window.loadConfigurationFile(path("x\ny.bin"));
+        QCOMPARE(status(), QString("Loaded x\\x0ay.bin (QX Blend)"));
+        m_tool->window.saveConfigurationFile(path("x\ry.bin"));
+        QVERIFY2(status().contains("x\\x0dy.bin") && !status().contains('\r'),
+                 qPrintable(status()));
+    }
+
     void fileOfAnotherModelIsPointedOut()
     {
         QVERIFY(m_tool->chooseModel(keyBlend));

@@ -39,6 +39,18 @@ private slots:
         m_state = std::make_unique<SessionState>(nullptr, [this] { return m_now; });
     }
 
+    void textsOfTheLineKeepToOneLine()
+    {
+        m_state->opened("tty\nACM0");
+        QCOMPARE(
+            m_state->connection(),
+            QString::fromUtf8("tty\\x0aACM0 · no camera identified · configuration never read"));
+        m_state->identified("QX\rBlend", "17\x1b[2J", 20190801);
+        m_state->configurationRead();
+        QCOMPARE(m_state->connection(), QString::fromUtf8("tty\\x0aACM0 · QX\\x0dBlend · "
+                                                          "17\\x1b[2J · firmware 20190801"));
+    }
+
     void connectionIsToldStepByStep()
     {
         QCOMPARE(m_state->connection(), QString("Not connected"));

@@ -138,6 +138,41 @@ private slots:
         QCOMPARE(sent.count(), 0);
     }
 
+    void scrollsPagesWithoutRoom_data() { changesNothingOnAnyPage_data(); }
+    void scrollsPagesWithoutRoom()
+    {
+        QFETCH(quint32, model);
+        CapturedDiagnostics lines;
+        FormUnderTest form(model);
+        form.window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form.window));
+        form.get<QPushButton>("btConnectDisconnect")->setFocus();
+        auto *tabs = form.get<QTabWidget>("tabWidget");
+        int met = 0;
+        for (int tab = 0; tab < tabs->count(); ++tab) {
+            tabs->setCurrentIndex(tab);
+            tabs->currentWidget()->setEnabled(true);
+            auto *area = tabs->currentWidget()->findChild<QScrollArea *>();
+            QVERIFY(area != nullptr);
+            QScrollBar *bar = area->verticalScrollBar();
+            area->setMaximumHeight(50);
+            QCoreApplication::processEvents();
+            QVERIFY2(bar->maximum() > 0, qPrintable(area->objectName()));
+            for (QWidget *input : turning(&form.window)) {
+                if (!area->widget()->isAncestorOf(input))
+                    continue;
+                area->ensureWidgetVisible(input);
+                const bool up = bar->value() > 0;
+                const int before = bar->value();
+                wheel::turn(input, up ? 1 : -1);
+                QVERIFY2(up ? bar->value() < before : bar->value() > before,
+                         qPrintable(input->objectName()));
+                ++met;
+            }
+        }
+        QVERIFY2(met > 20, qPrintable(QString::number(met)));
+    }
+
     void scrollsTheFactorySettings()
     {
         CapturedDiagnostics lines;

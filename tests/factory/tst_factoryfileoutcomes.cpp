@@ -2,6 +2,7 @@
 #include "support/files.h"
 #include "support/modal.h"
 
+#include <QDir>
 #include <QLabel>
 #include <QTemporaryDir>
 #include <QTest>
@@ -151,6 +152,28 @@ private slots:
         m_w->serialNumber()->setFocus();
         QTest::keyClick(m_w->serialNumber(), Qt::Key_Backspace);
         QVERIFY(!note->isVisible());
+    }
+
+    void cutSerialNumberWithControlCharactersIsOneLine()
+    {
+        receive("17\n00999\x1b[2J");
+        QCOMPARE(m_w->widget<QLabel>("lbSerialNote")->text(),
+                 QString("The unit's serial number 17\\x0a00999\\x1b[2J is longer than the field: "
+                         "only what the field shows is written."));
+    }
+
+    void folderWithControlCharactersIsOneLine()
+    {
+        const QString folder = path("a\nb");
+        QVERIFY(QDir().mkdir(folder));
+        m_w->said.clear();
+        modal::Answer<QFileDialog> choose(modal::choose(folder));
+        m_w->click("pb_WriteFile");
+        QVERIFY(QFile::exists(folder + "/1700999.dat"));
+        const QString told = "<<< " + path("a\\x0ab");
+        const QStringList lines = m_w->said.out().split('\n');
+        for (const char *name : {"", "/1700999.dat", "/1700999.txt"})
+            QVERIFY2(lines.contains(told + name), qPrintable(m_w->said.out()));
     }
 
     void unitsCutToTheSameSerialNumberShareNoFile()
