@@ -1,5 +1,6 @@
 #include "SimulatedCamera.h"
 #include "app/MainWindow.h"
+#include "app/translation.h"
 #include "diagnostics/diagnostics.h"
 #include "factory/FactorySettings.h"
 #include "factory/LiveEdit.h"
@@ -12,13 +13,16 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QLCDNumber>
+#include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QQuickItem>
 #include <QQuickWidget>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTemporaryDir>
 #include <QTextStream>
 #include <QThread>
 #include <QTimer>
@@ -158,15 +162,21 @@ private:
     {
         if (!m_camera.start(m_model))
             fail("no simulated camera: " + m_camera.errorText());
+        // A name as on an operator's computer, whatever the simulated port is called.
+        const QString port = QStringLiteral("./ttyACM0");
+        if (!QFile::link(m_camera.port(), m_ports.filePath(port)) ||
+            !QDir::setCurrent(m_ports.path()))
+            fail("no port in " + m_ports.path());
         auto *ports = get<QComboBox>("comboBoxPort");
-        m_window.offerPorts({m_camera.port()});
-        waitFor("the port", [&] { return ports->findText(m_camera.port()) >= 0; });
-        ports->setCurrentIndex(ports->findText(m_camera.port()));
+        m_window.offerPorts({port});
+        waitFor("the port", [&] { return ports->findText(port) >= 0; });
+        ports->setCurrentIndex(ports->findText(port));
         get("btConnectDisconnect")->click();
         waitFor("the camera", [&] {
-            return m_window.statusBar()->currentMessage().startsWith("Device ID") && !busy();
+            const QString identity = MainWindow::tr("Device ID: %1   Serial: %2");
+            return m_window.statusBar()->currentMessage().startsWith(identity.section('%', 0, 0)) &&
+                   !busy();
         });
-        // A name as on an operator's computer, whatever the simulated port is called.
         ports->setItemText(ports->currentIndex(), QStringLiteral("ttyACM0"));
     }
 
@@ -235,6 +245,7 @@ private:
     }
 
     QDir m_output;
+    QTemporaryDir m_ports;
     QString m_model;
     QSize m_size;
     SimulatedCamera m_camera;
@@ -268,9 +279,10 @@ int main(int argc, char *argv[])
     if (parser.isSet(dark))
         QApplication::setPalette(darkPalette());
     const QStringList sides = parser.value(size).split(QLatin1Char('x'));
-    const QDir folder(parser.value(output));
+    const QDir folder(QDir(parser.value(output)).absolutePath());
     if (!folder.mkpath("."))
         fail("cannot make the folder " + folder.path());
+    translation::install(QLocale::system());
     diagnostics::setSink([](diagnostics::Stream, const QString &) {});
     Pictures(folder, parser.value(model),
              sides.size() == 2 ? QSize(sides[0].toInt(), sides[1].toInt()) : QSize())
