@@ -277,7 +277,6 @@ void MainWindow::slotPortConnectionChanged(bool)
         m_state.closed();
         m_liveChangeUnsent = false;
         m_status.setBusy(false);
-        dropWhatFollowsClosingMessage();
     }
 
     m_factorySettings->connectDevice(open);
