@@ -2240,6 +2240,10 @@ https://www.quorvix.example/download.</translation>
         <source>The camera still shows the earlier value: Settings-Preview sends it</source>
         <translation>Die Kamera zeigt noch den früheren Wert: Einstellungsvorschau sendet den neuen</translation>
     </message>
+    <message>
+        <source>not sent, the camera has not taken what was sent before</source>
+        <translation>nicht gesendet, die Kamera hat das vorher Gesendete noch nicht angenommen</translation>
+    </message>
 </context>
 <context>
     <name>StateLabels</name>
