@@ -225,12 +225,14 @@ private:
     void showOpenFailure(const QString &port);
     void send(ComioInterfaceCommand_TypeDef command, const QByteArray &payload = {});
     void sendWhileConnected(ComioInterfaceCommand_TypeDef command, const QByteArray &payload);
+    void write(quint32 command, const QByteArray &frame);
     void endWithoutPort(bool wasConnected);
-    void dropWhatFollowsClosingMessage();
-    void handleMessage(ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &payload);
-    void dispatch(ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &payload);
+    /// For a message that closes the port: what lies behind it in its read is dropped.
+    void dropWhatFollowsMessage();
+    void handleMessage(const MessageQueue::Message &message);
+    void dispatch(const MessageQueue::Message &message);
     void handleWaitingFromEventLoop();
-    bool settleOutstandingCommand(ComioInterfaceCommand_TypeDef command);
+    bool settleOutstandingCommand(const MessageQueue::Message &message);
     void showGpsText(const QVector<uint8_t> &payload);
     void showFocusAdjustment(const QVector<uint8_t> &payload);
     void showModelGroups(const QList<QWidget *> &groups);
@@ -262,6 +264,7 @@ private:
     bool m_waitingAreScheduled = false;
     int m_openMessages = 0;     ///< being handled; all but the last one wait for their boxes
     int m_messageLoopLevel = 0; ///< nesting of event loops in which the last one is being handled
+    quint32 m_messageRead = 0;  ///< number of the read that the last one came with
 
     RecordTable m_blendTable;     ///< built at its first use
     RecordTable m_blendZoomTable; ///< built at its first use

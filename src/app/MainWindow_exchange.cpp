@@ -44,14 +44,20 @@ void MainWindow::slotSendMessage(const void *data, unsigned long length, unsigne
     messageState.frame.clear();
     m_packetManager->prepareMessage(data, length, partNumber, partCount, command,
                                     messageState.frame);
-    m_state.sent(command, m_serial->isOpen());
-    m_serial->writeSerialPortData(messageState.frame);
+    write(command, messageState.frame);
 }
 
 void MainWindow::slotSendPacket(const QByteArray &frame)
 {
-    m_state.sent(kovoPacketManager::commandOf(frame), m_serial->isOpen());
-    m_serial->writeSerialPortData(frame);
+    write(kovoPacketManager::commandOf(frame), frame);
+}
+
+void MainWindow::write(quint32 command, const QByteArray &frame)
+{
+    const bool open = m_serial->isOpen();
+    m_state.sent(command, open);
+    if (!m_serial->writeSerialPortData(frame) && open)
+        m_state.notTaken(command);
 }
 
 void MainWindow::slotMessageStateTimerComplete()
@@ -60,17 +66,19 @@ void MainWindow::slotMessageStateTimerComplete()
         diagnostics::err(QStringLiteral("<<< This should not have happened! Message was not send"));
 }
 
-bool MainWindow::settleOutstandingCommand(ComioInterfaceCommand_TypeDef command)
+bool MainWindow::settleOutstandingCommand(const MessageQueue::Message &message)
 {
-    const bool rejected = command == replyFail(messageState.command);
-    if (!rejected && command != replyOk(messageState.command))
-        return true;
+    const bool rejectsOutstanding = message.command == replyFail(messageState.command);
+    // A later command may have become the outstanding one while the message waited.
+    const bool rejected = rejectsOutstanding || message.refusal;
     if (rejected)
         diagnostics::out(QStringLiteral("<<< Command failed!"));
-    messageState.replied = true;
-    if (messageState.timer)
-        messageState.timer->stop();
-    m_status.setBusy(false);
+    if (rejectsOutstanding || message.command == replyOk(messageState.command)) {
+        messageState.replied = true;
+        if (messageState.timer)
+            messageState.timer->stop();
+        m_status.setBusy(false);
+    }
     return !rejected ||
            messagebox::accepted(this, {tr("Command rejected"), tr("<p>Command was rejected</p>"),
                                        QMessageBox::Ok, QMessageBox::Ok,
@@ -80,21 +88,24 @@ bool MainWindow::settleOutstandingCommand(ComioInterfaceCommand_TypeDef command)
 void MainWindow::slotNewMessageReceived(ComioInterfaceCommand_TypeDef command,
                                         QVector<uint8_t> data)
 {
+    const MessageQueue::Message message{command, data, m_packetManager->currentRead(),
+                                        command == replyFail(messageState.command)};
     if (m_openMessages >= maximumNestedBoxes || !m_waitingMessages.isEmpty())
-        m_waitingMessages.append(command, data);
+        m_waitingMessages.append(message);
     else
-        handleMessage(command, data);
+        handleMessage(message);
 }
 
-void MainWindow::handleMessage(ComioInterfaceCommand_TypeDef command,
-                               const QVector<uint8_t> &payload)
+void MainWindow::handleMessage(const MessageQueue::Message &message)
 {
-    const bool wasConnected = m_serial->isOpen();
+    // What was read came from a camera, even if it is handled after the port was closed.
+    const bool wasConnected = m_serial->isOpen() || message.read != 0;
     {
         const QScopedValueRollback<int> open(m_openMessages, m_openMessages + 1);
         const QScopedValueRollback<int> level(m_messageLoopLevel,
                                               QThread::currentThread()->loopLevel());
-        dispatch(command, payload);
+        const QScopedValueRollback<quint32> read(m_messageRead, message.read);
+        dispatch(message);
     }
     endWithoutPort(wasConnected);
     handleWaitingFromEventLoop();
@@ -111,34 +122,36 @@ void MainWindow::handleWaitingFromEventLoop()
             return;
         const MessageQueue::Message next = m_waitingMessages.takeFirst();
         handleWaitingFromEventLoop(); // if this one opens a box, the next are heard meanwhile
-        handleMessage(next.command, next.payload);
+        handleMessage(next);
     };
     QMetaObject::invokeMethod(this, handleNext, Qt::QueuedConnection);
 }
 
-void MainWindow::dropWhatFollowsClosingMessage()
+void MainWindow::dropWhatFollowsMessage()
 {
     if (m_openMessages == 0 || m_messageLoopLevel != QThread::currentThread()->loopLevel())
-        return; // nobody's message: the operator closed the port, or the device vanished
+        return; // nothing that the camera sent is being handled, or not here
     m_serial->dropReceived();
     m_packetManager->dropFollowing();
+    m_waitingMessages.dropRead(m_messageRead);
 }
 
 void MainWindow::endWithoutPort(bool wasConnected)
 {
-    // Closing the port turned the indicator off: what turned it on since was sent to nobody.
-    if (m_serial->isOpen() || !m_status.isBusy())
+    // Closing the port turned the indicator off: what turned it on since was sent to nobody. It
+    // stays on for what was sent without a port from the start.
+    if (!wasConnected || m_serial->isOpen() || !m_status.isBusy())
         return;
     m_status.setBusy(false);
-    if (wasConnected)
-        m_ui->statusBar->showMessage(
-            tr("Not sent: the camera is no longer connected. Connect again."));
+    m_ui->statusBar->showMessage(tr("Not sent: the camera is no longer connected. Connect again."));
 }
 
-void MainWindow::dispatch(ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &data)
+void MainWindow::dispatch(const MessageQueue::Message &message)
 {
+    const ComioInterfaceCommand_TypeDef command = message.command;
+    const QVector<uint8_t> &data = message.payload;
     m_state.received(command);
-    if (!settleOutstandingCommand(command))
+    if (!settleOutstandingCommand(message))
         return;
 
     switch (static_cast<quint32>(command)) {

@@ -142,8 +142,10 @@ bool MainWindow::parseUnknownControlStruct(QVector<unsigned char> record)
     if (!m_devices->isValidControlStruct(record)) {
         diagnostics::err(
             QStringLiteral("MainWindow::parseUnknownControlStruct() not a valid struct"));
-        if (m_serial->isOpen())
+        if (m_serial->isOpen()) {
+            dropWhatFollowsMessage();
             m_serial->closeSerialPort();
+        }
         return false;
     }
     switch (qFromLittleEndian<quint32>(record.constData())) {

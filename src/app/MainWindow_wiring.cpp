@@ -4,6 +4,7 @@
 #include "app/keyText.h"
 #include "app/messageState.h"
 #include "app/whatsthis.h"
+#include "diagnostics/escaped.h"
 #include "factory/FactorySettings.h"
 #include "factory/LiveEdit.h"
 #include "forms/busyindicator.h"
@@ -244,7 +245,7 @@ void MainWindow::showOpenFailure(const QString &port)
 {
     m_openFailureShown = true;
     const auto show = [&](const QString &reason) {
-        m_ui->statusBar->showMessage(reason.arg(port));
+        m_ui->statusBar->showMessage(reason.arg(diagnostics::escaped(port)));
     };
     switch (m_serial->lastOpening()) {
     case SerialConnection::Opening::NotPermitted:
@@ -277,7 +278,6 @@ void MainWindow::slotPortConnectionChanged(bool)
         m_state.closed();
         m_liveChangeUnsent = false;
         m_status.setBusy(false);
-        dropWhatFollowsClosingMessage();
     }
 
     m_factorySettings->connectDevice(open);

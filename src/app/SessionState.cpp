@@ -109,6 +109,14 @@ void SessionState::sent(quint32 command, bool portOpen)
     emit changed();
 }
 
+void SessionState::notTaken(quint32 command)
+{
+    if (m_last.code != command)
+        return; // left out of view
+    settle(m_last, End::NotTaken);
+    emit changed();
+}
+
 void SessionState::received(quint32 code)
 {
     if (code == replyOk(COMIO_CMD_GET_SBUS_LEVELS) || code == replyOk(COMIO_CMD_ALL_BITS_SET)) {
@@ -235,6 +243,8 @@ QString SessionState::describe(const Command &command) const
         return ended(tr("no answer before the port closed"));
     case End::NotSent:
         return ended(tr("not sent, no port is open"));
+    case End::NotTaken:
+        return ended(tr("not sent, the camera has not taken what was sent before"));
     case End::Unusable:
         return ended(tr("not usable, %1; the port was closed").arg(command.defect));
     case End::Dropped:

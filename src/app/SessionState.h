@@ -34,6 +34,8 @@ public:
     void configurationRefused(const QString &defect);
     /// A command is about to go to the port.
     void sent(quint32 command, bool portOpen);
+    /// The command that was told last found no room behind what the camera does not take.
+    void notTaken(quint32 command);
     /// Code of any message from the camera.
     void received(quint32 code);
     /// A change on the form was not sent as live settings, because a command went shortly before.
@@ -63,6 +65,7 @@ private:
         NotKnown,   ///< to the camera
         PortClosed, ///< before an answer
         NotSent,    ///< for want of an open port
+        NotTaken,   ///< for want of room behind what waits for the camera
         Unusable,   ///< answered with a record that was refused
         Dropped,    ///< by this program
     };

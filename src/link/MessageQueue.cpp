@@ -2,9 +2,9 @@
 
 #include "diagnostics/diagnostics.h"
 
-bool MessageQueue::append(ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &payload)
+bool MessageQueue::append(const Message &message)
 {
-    if (m_messages.size() >= MaximumCount || payload.size() > MaximumBytes - m_bytes) {
+    if (m_messages.size() >= MaximumCount || message.payload.size() > MaximumBytes - m_bytes) {
         if (!m_refusing)
             diagnostics::err(QStringLiteral("<<< %1 messages are waiting for a box to be answered: "
                                             "what arrives now is lost")
@@ -12,8 +12,8 @@ bool MessageQueue::append(ComioInterfaceCommand_TypeDef command, const QVector<u
         m_refusing = true;
         return false;
     }
-    m_bytes += payload.size();
-    m_messages.enqueue({command, payload});
+    m_bytes += message.payload.size();
+    m_messages.enqueue(message);
     return true;
 }
 
@@ -24,4 +24,18 @@ MessageQueue::Message MessageQueue::takeFirst()
     if (m_messages.isEmpty())
         m_refusing = false;
     return message;
+}
+
+void MessageQueue::dropRead(quint32 read)
+{
+    QQueue<Message> kept;
+    for (const Message &message : qAsConst(m_messages)) {
+        if (message.read != read)
+            kept.enqueue(message);
+        else
+            m_bytes -= message.payload.size();
+    }
+    m_messages.swap(kept);
+    if (m_messages.isEmpty())
+        m_refusing = false;
 }

@@ -17,13 +17,17 @@ public:
     {
         ComioInterfaceCommand_TypeDef command;
         QVector<uint8_t> payload;
+        quint32 read = 0;     ///< number of the read that it came with
+        bool refusal = false; ///< of the command that was outstanding when it arrived
     };
 
     bool isEmpty() const { return m_messages.isEmpty(); }
     /// False if the message was refused.
-    bool append(ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &payload);
+    bool append(const Message &message);
     /// The one that waits longest; there must be one.
     Message takeFirst();
+    /// Forgets the messages of one read.
+    void dropRead(quint32 read);
 
 private:
     QQueue<Message> m_messages;

@@ -2,18 +2,23 @@
 
 #include "diagnostics/diagnostics.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QSerialPortInfo>
+#include <QSignalBlocker>
+#include <QThread>
 
 #ifdef Q_OS_UNIX
 #include <cerrno>
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 #endif
 
 static constexpr int PollIntervalMs = 500;
 static constexpr int StallTimeMs = 1000;
+static constexpr int ClosingTimeMs = 200; // for the device to take what was sent last
 
 SerialConnection::SerialConnection(QObject *parent)
     : QObject(parent), m_serialPort(new QSerialPort(this)), m_pollTimer(new QTimer(this))
@@ -36,6 +41,9 @@ SerialConnection::SerialConnection(QObject *parent)
 
 SerialConnection::~SerialConnection()
 {
+    const QSignalBlocker silent(this);
+    if (m_serialPort->isOpen())
+        closeLine();
     delete m_serialPort;
     delete m_pollTimer;
 }
@@ -82,10 +90,7 @@ void SerialConnection::closeSerialPort()
     m_connected = false;
     if (m_serialPort->isOpen()) {
         diagnostics::out("<<< close()");
-        // The system would wait long for the device to take what it holds, and the window with it.
-        if (m_writeStalled && !isHungUp())
-            m_serialPort->clear(QSerialPort::Output);
-        m_serialPort->close();
+        closeLine();
         diagnostics::out("<<< serial interface closed");
     } else {
         diagnostics::out("<<< serial interface was not open");
@@ -94,6 +99,38 @@ void SerialConnection::closeSerialPort()
     setWriteStalled(false);
     emit signalPortConnectionChanged(false);
     deliverChunks(); // a receiver may open a box: by now everybody knows that the port is closed
+}
+
+void SerialConnection::closeLine()
+{
+    {
+        const QSignalBlocker silent(m_serialPort); // closing: nothing is to be heard of it any more
+        QElapsedTimer time;
+        time.start();
+        bool waiting = isOutputWaiting();
+        for (; waiting && time.elapsed() < ClosingTimeMs; waiting = isOutputWaiting()) {
+            flush();
+            QThread::msleep(1);
+        }
+        // Closing, the system would wait long for the device to take it, and the window with it.
+        if (waiting)
+            m_serialPort->clear(QSerialPort::Output);
+    }
+    m_serialPort->close();
+}
+
+bool SerialConnection::isOutputWaiting() const
+{
+    if (isHungUp())
+        return false; // nobody is left to take it
+    if (m_serialPort->bytesToWrite() > 0)
+        return true;
+#ifdef Q_OS_UNIX
+    int held = 0; // by the system
+    return ioctl(m_serialPort->handle(), TIOCOUTQ, &held) == 0 && held > 0;
+#else
+    return false;
+#endif
 }
 
 bool SerialConnection::isOpen() const
@@ -106,22 +143,23 @@ SerialConnection::Opening SerialConnection::lastOpening() const
     return m_lastOpening;
 }
 
-void SerialConnection::writeSerialPortData(const QByteArray &data)
+bool SerialConnection::writeSerialPortData(const QByteArray &data)
 {
     if (!m_serialPort->isOpen()) {
         diagnostics::out("<<< ERROR writeData: serial port not open\n");
-        return;
+        return false;
     }
     if (m_serialPort->bytesToWrite() + data.size() > MaximumWaiting) {
         diagnostics::out(QStringLiteral("<<< ERROR writeData: %1 bytes are waiting for the device, "
                                         "%2 more are lost")
                              .arg(m_serialPort->bytesToWrite())
                              .arg(data.size()));
-        return;
+        return false;
     }
     m_serialPort->write(data);
     flush();
     watchWaitingBytes();
+    return true;
 }
 
 void SerialConnection::flush()
@@ -277,8 +315,12 @@ SerialConnection::Opening SerialConnection::reasonOfFailure() const
 #ifdef Q_OS_UNIX
     const QString location = systemLocation(m_portName);
     const QByteArray path = QFile::encodeName(location);
-    if (faccessat(AT_FDCWD, path.constData(), F_OK, AT_EACCESS) != 0 && errno == ENOENT)
-        return Opening::NotFound;
+    if (faccessat(AT_FDCWD, path.constData(), F_OK, AT_EACCESS) != 0) {
+        if (errno == ENAMETOOLONG)
+            return Opening::NameTooLong;
+        if (errno == ENOENT)
+            return Opening::NotFound;
+    }
     if (faccessat(AT_FDCWD, path.constData(), R_OK | W_OK, AT_EACCESS) != 0)
         return Opening::NotPermitted;
     if (isTooLongForItsLock(location))

@@ -21,7 +21,7 @@ public:
         NotPermitted, ///< the user may not read and write the device
         Busy,         ///< another program holds it
         NotFound,     ///< no such device, or no longer
-        NameTooLong,  ///< for the lock that keeps other programs from the port
+        NameTooLong,  ///< for the system, or the lock that keeps other programs from the port
         Failed,       ///< any other reason
     };
 
@@ -31,13 +31,15 @@ public:
     /// Opens the port (a name or an absolute path) with 115200 baud, 8N1, no flow control. False
     /// when a port is already open, the name is empty or the port cannot be opened.
     bool openSerialPort(QString portName);
-    /// Closes the port and announces it; then announces what had been read before.
+    /// Closes the port and announces it; then announces what had been read before. What the device
+    /// does not take in a short time, at most 200 ms, is lost.
     void closeSerialPort();
     bool isOpen() const;
     Opening lastOpening() const;
     /// Writes one frame; dropped with a diagnostic line while no port is open. What the device does
     /// not take yet waits, up to MaximumWaiting bytes; a frame beyond is dropped with a line, too.
-    void writeSerialPortData(const QByteArray &data);
+    /// False if the frame was dropped.
+    bool writeSerialPortData(const QByteArray &data);
     static constexpr qint64 MaximumWaiting = 1024 * 1024;
     /// Forgets what was read and has not been announced yet.
     void dropReceived();
@@ -67,6 +69,8 @@ private:
         QString text;
     };
 
+    void closeLine();
+    bool isOutputWaiting() const;
     void deliverChunks();
     void flush();
     void watchWaitingBytes();

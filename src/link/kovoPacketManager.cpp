@@ -3,6 +3,7 @@
 #include "link/CRCService.h"
 #include "link/FrameParser.h"
 
+#include <QScopedValueRollback>
 #include <QtEndian>
 
 #include <cstring>
@@ -54,12 +55,14 @@ quint32 kovoPacketManager::commandOf(const QByteArray &frame)
 
 void kovoPacketManager::slotPacketStateMachine(QByteArray data)
 {
-    parser().feed(data,
-                  [this](ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &payload) {
-                      if (!m_followingIsScheduled && parser().hasWaiting())
-                          takeFollowingFromEventLoop();
-                      emit signalMessageReceived(command, payload);
-                  });
+    const quint32 read = ++m_reads;
+    parser().feed(
+        data, [this, read](ComioInterfaceCommand_TypeDef command, const QVector<uint8_t> &payload) {
+            if (!m_followingIsScheduled && parser().hasWaiting())
+                takeFollowingFromEventLoop();
+            const QScopedValueRollback<quint32> current(m_currentRead, read);
+            emit signalMessageReceived(command, payload);
+        });
 }
 
 void kovoPacketManager::takeFollowingFromEventLoop()

@@ -24,6 +24,8 @@ public:
     /// The command of a frame that prepareMessage() built.
     static quint32 commandOf(const QByteArray &frame);
 
+    /// Number of the read with which the message came that is being announced; 0 while none is.
+    quint32 currentRead() const { return m_currentRead; }
     /// Forgets what came in one read with the message that is being received, behind it.
     void dropFollowing();
 
@@ -40,4 +42,6 @@ private:
     void takeFollowingFromEventLoop();
 
     bool m_followingIsScheduled = false;
+    quint32 m_reads = 0;
+    quint32 m_currentRead = 0;
 };

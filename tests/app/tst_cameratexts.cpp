@@ -50,6 +50,27 @@ private slots:
         QTRY_COMPARE(e.gpsText(), QStringLiteral("<b>$GPGGA</b>&amp;"));
     }
 
+    void gpsTextKeepsItsControlCharacters()
+    {
+        Exchange e;
+        e.camera.send(226, QByteArray("one\r\ntwo\t\x1b[1m\a<i>\0", 19));
+        QTRY_COMPARE(e.gpsText(), QStringLiteral("one\ntwo\t\x1b[1m\a<i>"));
+    }
+
+    void linesWithinAGpsTextCountAsLines()
+    {
+        Exchange e;
+        QByteArray text;
+        for (int i = 0; i < 10010; ++i)
+            text += QByteArray::number(i) + "\r\n";
+        e.tool.window.slotNewMessageReceived(replyOk(COMIO_CMD_GPS_STREAM_DATA),
+                                             records::payload(text + "end" + '\0'));
+        const QStringList kept = e.gpsText().split('\n');
+        QCOMPARE(kept.size(), 10000);
+        QCOMPARE(kept.first(), QStringLiteral("11"));
+        QCOMPARE(kept.last(), QStringLiteral("end"));
+    }
+
     void gpsTextIsBoundByItsBytes()
     {
         Exchange e;

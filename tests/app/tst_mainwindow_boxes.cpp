@@ -8,6 +8,7 @@
 
 #include <QStatusBar>
 
+#include <functional>
 #include <thread>
 
 namespace {
@@ -37,6 +38,18 @@ public:
         for (const QWidget *window : windows)
             count += qobject_cast<const QMessageBox *>(window) && window->isVisible();
         return count;
+    }
+    /// Does something as soon as a condition holds: boxes hold up the test itself.
+    void when(const std::function<bool()> &holds, const std::function<void()> &then)
+    {
+        auto *look = new QTimer(this);
+        connect(look, &QTimer::timeout, this, [=] {
+            if (!holds())
+                return;
+            look->stop();
+            then();
+        });
+        look->start(5);
     }
     void answerAll()
     {
@@ -85,6 +98,58 @@ private:
     std::thread m_thread;
 };
 
+/// Presses a button after bytes were read and before they are heard.
+class ClickBehindTheRead : public QObject
+{
+public:
+    explicit ClickBehindTheRead(QPushButton *button) : m_button(button)
+    {
+        qApp->installEventFilter(this);
+    }
+    ~ClickBehindTheRead() override { qApp->removeEventFilter(this); }
+
+protected:
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (!m_done && event->type() == QEvent::SockAct) {
+            m_done = true;
+            QMetaObject::invokeMethod(m_button, "click", Qt::QueuedConnection);
+        }
+        return false;
+    }
+
+private:
+    QPushButton *m_button;
+    bool m_done = false;
+};
+
+/// Pulls the camera out as soon as the busy indicator changes.
+class UnplugOnAnswer : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit UnplugOnAnswer(Exchange &exchange) : m_camera(exchange.camera)
+    {
+        connect(exchange.tool.get<QQuickWidget>("quickWidget")->rootObject(),
+                SIGNAL(runningChanged()), this, SLOT(unplug()));
+    }
+
+public slots:
+    void unplug() { m_camera.hangUp(); }
+
+private:
+    CameraEnd &m_camera;
+};
+
+/// The parser tells of it at once, whatever waits for the operator.
+QByteArray damagedFrame()
+{
+    QByteArray frame = reference::frame(226, "last");
+    frame[17] = 'x';
+    return frame;
+}
+
 /// A record that is none because of its CRC: the tool closes the port without a box.
 QByteArray damagedRecord()
 {
@@ -126,14 +191,11 @@ private slots:
                 reference::frame(302, {}) + reference::frame(226, QByteArray::number(i) + '\0');
             texts << QString::number(i);
         }
-        // The parser tells of a damaged frame at once, whatever waits for the operator.
-        QByteArray damaged = reference::frame(226, "last");
-        damaged[17] = 'x';
         const auto *text = tool.get<QPlainTextEdit>("pteGPSstream");
         const auto shownText = [&] { return text->toPlainText().split('\n'); };
 
         Boxes boxes;
-        const Sender sender(line, bytes + damaged);
+        const Sender sender(line, bytes + damagedFrame());
         bool arrived = false;
         int openThen = 0;
         QStringList textThen;
@@ -192,9 +254,7 @@ private slots:
         look.start(5);
         QTimer writer; // piece by piece: the line does not hold them all
         QVector<QByteArray> pieces(count, reference::frame(code, payload));
-        QByteArray damaged = reference::frame(226, "last");
-        damaged[17] = 'x';
-        pieces << damaged;
+        pieces << damagedFrame();
         connect(&writer, &QTimer::timeout, this, [&] {
             if (!pieces.isEmpty())
                 QVERIFY(e.camera.sendBytes(pieces.takeFirst()));
@@ -246,21 +306,6 @@ private slots:
         Exchange e;
         e.send(COMIO_CMD_GET_CONFIG);
         auto *button = e.tool.get<QPushButton>("btConnectDisconnect");
-        // Disconnects after the bytes were read and before they are heard.
-        struct ClickBehindTheRead : QObject
-        {
-            QPushButton *button;
-            bool done = false;
-            bool eventFilter(QObject *, QEvent *event) override
-            {
-                if (!done && event->type() == QEvent::SockAct) {
-                    done = true;
-                    QMetaObject::invokeMethod(button, "click", Qt::QueuedConnection);
-                }
-                return false;
-            }
-        } click;
-        click.button = button;
         QString text;
         bool readEnabled = true;
         modal::Answer<QMessageBox> answer([&](QMessageBox *box) {
@@ -268,10 +313,9 @@ private slots:
             readEnabled = e.tool.widget("btnReadConf")->isEnabled();
             box->button(QMessageBox::Ok)->click();
         });
-        qApp->installEventFilter(&click);
+        const ClickBehindTheRead click(button);
         QVERIFY(e.camera.send(302));
         QTRY_VERIFY(answer.given());
-        qApp->removeEventFilter(&click);
         QCOMPARE(text, QStringLiteral("Connect"));
         QVERIFY(!readEnabled);
         QTRY_COMPARE(e.lines.out(),
@@ -279,27 +323,120 @@ private slots:
                                     "<<< serial interface closed\n<<< Command failed!\n\n"));
     }
 
-    void framesBehindOneThatClosedThePortAreDropped()
+    void requestOfAMessageHeardAfterTheDisconnectSaysThatItWasNotSent()
     {
         Exchange e;
+        const ClickBehindTheRead click(e.tool.get<QPushButton>("btConnectDisconnect"));
+        QVERIFY(e.camera.send(216, CameraEnd::identity(0xA0AF139E)));
+        QTRY_VERIFY(e.lines.out().contains(writeRefused));
+        QTRY_VERIFY(!e.tool.busy());
+        QCOMPARE(e.tool.window.statusBar()->currentMessage(), notSentText);
+    }
+
+    void whatIsSentWithoutAPortFromTheStartKeepsTheIndicator()
+    {
+        CapturedDiagnostics lines;
+        WindowUnderTest tool;
+        const QString status = tool.window.statusBar()->currentMessage();
+        tool.window.slotNewMessageReceived(replyOk(COMIO_CMD_SET_CONFIG), {});
+        QCOMPARE(lines.out(), writeRefused + '\n');
+        QVERIFY(tool.busy());
+        QCOMPARE(tool.window.statusBar()->currentMessage(), status);
+    }
+
+    void writeConfirmedWithoutAPortKeepsTheIndicator()
+    {
+        CapturedDiagnostics lines;
+        WindowUnderTest tool;
+        QVERIFY(tool.chooseModel(0xC92A6CE6));
+        modal::Answer<QMessageBox> answer(
+            [](QMessageBox *box) { box->button(QMessageBox::Ok)->click(); });
+        QVERIFY(QMetaObject::invokeMethod(&tool.window, "on_btnSetConf_clicked"));
+        QVERIFY(answer.given());
+        QVERIFY(lines.out().endsWith(writeRefused));
+        QVERIFY(tool.busy());
+    }
+
+    void waitingRefusalIsThatOfTheCommandOfItsArrival()
+    {
+        constexpr int refusals = mostNestedBoxes + 4;
+        Exchange e;
+        e.send(COMIO_CMD_GET_CONFIG);
+        Boxes boxes;
+        bool later = false;
+        boxes.when([&] { return e.lines.out().contains("CRC invalid"); },
+                   [&] {
+                       e.send(COMIO_CMD_DO_FFC, "\1");
+                       later = e.tool.busy();
+                       boxes.answerAll();
+                   });
+        QVERIFY(e.camera.sendBytes(reference::frame(302, {}).repeated(refusals) + damagedFrame()));
+        QTRY_VERIFY(later && Boxes::open() == 0);
+        QTRY_COMPARE(boxes.shown(), refusals);
+        QCOMPARE(e.lines.out().count("<<< Command failed!\n"), refusals);
+        QVERIFY(e.tool.busy()); // of the later command
+        QVERIFY(e.camera.send(233));
+        QTRY_VERIFY(!e.tool.busy());
+    }
+
+    void framesBehindOneWhoseRequestFoundTheDeviceGoneAreHeard()
+    {
+        Exchange e;
+        e.send(COMIO_CMD_SET_CONFIG);
+        // Pulled out when the acknowledgement turns the indicator off, before the next request.
+        const UnplugOnAnswer unplug(e);
+        QVERIFY(e.camera.sendBytes(reference::frame(201, {}) + reference::frame(226, "behind")));
+        QTRY_COMPARE(e.gpsText(), QStringLiteral("behind"));
+        QCOMPARE(e.tool.get<QPushButton>("btConnectDisconnect")->text(), QStringLiteral("Connect"));
+        QVERIFY(!e.tool.busy());
+    }
+
+    void framesBehindOneThatClosedThePortAreDropped_data()
+    {
+        QTest::addColumn<int>("open");
+        QTest::newRow("without a box") << 0;
+        QTest::newRow("waiting for a box") << mostNestedBoxes;
+    }
+    void framesBehindOneThatClosedThePortAreDropped()
+    {
+        QFETCH(int, open);
+        Exchange e;
+        Boxes boxes;
         const QString status = e.tool.window.statusBar()->currentMessage();
-        QVERIFY(e.camera.sendBytes(reference::frame(202, damagedRecord()) +
-                                   reference::frame(216, CameraEnd::identity(0xA0AF139E)) +
-                                   reference::frame(226, "late") +
-                                   reference::frame(226, "cut off").left(20)));
+        const QByteArray read = reference::frame(202, damagedRecord()) +
+                                reference::frame(216, CameraEnd::identity(0xA0AF139E)) +
+                                reference::frame(226, "late");
+        const auto damagedArrived = [&](int count) {
+            return [&, count] { return e.lines.out().count("CRC invalid") == count; };
+        };
+        if (open == 0) {
+            QVERIFY(e.camera.sendBytes(read + reference::frame(226, "cut off").left(20)));
+        } else {
+            boxes.when([&] { return Boxes::open() == open; },
+                       [&] { e.camera.sendBytes(read + damagedFrame()); });
+            boxes.when(damagedArrived(1), [&] {
+                e.camera.sendBytes(reference::frame(226, "of another read") + damagedFrame());
+            });
+            boxes.when(damagedArrived(2), [&] { boxes.answerAll(); });
+            e.send(COMIO_CMD_GET_CONFIG);
+            QVERIFY(e.camera.sendBytes(reference::frame(302, {}).repeated(open)));
+        }
         auto *button = e.tool.get<QPushButton>("btConnectDisconnect");
         QTRY_COMPARE(button->text(), QStringLiteral("Connect"));
         QTest::qWait(50);
+        QTRY_COMPARE(Boxes::open(), 0);
+        QCOMPARE(boxes.shown(), open);
         QCOMPARE(e.lines.out().count("<<< serial interface closed\n"), 1);
         QVERIFY(!e.lines.out().contains(writeRefused));
-        QCOMPARE(e.gpsText(), QString());
+        const QString heard = open > 0 ? QStringLiteral("of another read") : QString();
+        QCOMPARE(e.gpsText(), heard);
         QCOMPARE(e.tool.window.statusBar()->currentMessage(), status);
         QVERIFY(!e.tool.busy());
         // Nothing of it is left for the next connection.
         button->click();
         QCOMPARE(button->text(), QStringLiteral("Disconnect"));
         e.camera.send(226, "new");
-        QTRY_COMPARE(e.gpsText(), QStringLiteral("new"));
+        QTRY_COMPARE(e.gpsText(), heard + (open > 0 ? "\nnew" : "new"));
     }
 
     void writeConfirmedAfterTheCameraHasGoneSaysSo_data()

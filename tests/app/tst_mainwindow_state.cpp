@@ -31,6 +31,12 @@ class TestMainWindowState : public QObject
     QString port() const { return m_camera->path(); }
     QString message() const { return m_tool->window.statusBar()->currentMessage(); }
 
+    /// A frame that leaves no trace in the state in view.
+    static QByteArray levelsRequest(int size)
+    {
+        return reference::frame(COMIO_CMD_GET_SBUS_LEVELS, QByteArray(size, 'x'));
+    }
+
     /// Connects and lets the camera answer identity and configuration.
     bool connectAndRead()
     {
@@ -234,6 +240,32 @@ private slots:
         QVERIFY(text("lbState").contains("does not take what is sent"));
         QVERIFY(QMetaObject::invokeMethod(&m_tool->window, "slotWriteStalled", Q_ARG(bool, false)));
         QVERIFY(!text("lbState").contains("does not take what is sent"));
+    }
+
+    void lineThatNobodyReadsIsToldUntilItIsRead()
+    {
+        QVERIFY(connectAndRead());
+        m_tool->window.slotSendPacket(levelsRequest(60000));
+        QTRY_VERIFY(text("lbState").contains("does not take what is sent"));
+        QTRY_VERIFY(
+            (m_camera->received(), !text("lbState").contains("does not take what is sent")));
+        QVERIFY(text("lbState").startsWith(port()));
+    }
+
+    void commandThatFindsNoRoomWasNotSent()
+    {
+        QVERIFY(connectAndRead());
+        for (const int size : {60000, 1000, 0}) { // until the next smaller one does not fit either
+            m_lines.clear();
+            while (!m_lines.out().contains(" more are lost\n"))
+                m_tool->window.slotSendPacket(levelsRequest(size));
+        }
+        const QString notTaken =
+            QStringLiteral(": not sent, the camera has not taken what was sent before");
+        m_tool->window.on_pb_ffc_doffc_clicked();
+        QCOMPARE(text("lbLast"), "Flat-field correction" + notTaken);
+        m_tool->get<QPushButton>("pbSetFactorySettings")->click();
+        QCOMPARE(text("lbLast"), "Write factory settings" + notTaken);
     }
 
     void textOfTheCameraIsNeverRichText()

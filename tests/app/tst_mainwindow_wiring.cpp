@@ -285,6 +285,15 @@ private slots:
                                                     "<<< failed to open serial connection\n")));
     }
 
+    void nameOfARefusedPortStaysOneLine()
+    {
+        CapturedDiagnostics lines;
+        WindowUnderTest tool;
+        QVERIFY(!tool.connectTo(QStringLiteral("x\ny")));
+        QCOMPARE(tool.window.statusBar()->currentMessage(),
+                 QStringLiteral("Cannot open x\\x0ay: no such device. Plug the camera in again."));
+    }
+
     void factoryButtonsShowOnDemand()
     {
         WindowUnderTest tool;

@@ -8,8 +8,13 @@
 #include "support/processortime.h"
 #include "support/pseudoterminal.h"
 
+#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QtTest>
+
+#include <atomic>
+#include <memory>
+#include <thread>
 
 static constexpr int frameSize = 245; // a live-settings frame
 static constexpr int frames = 400;    // 98 kB; the line itself holds far less
@@ -33,6 +38,11 @@ private slots:
     void vanishedDeviceClosesThePortOnceWhileBytesWait();
     void vanishedDeviceIsNoStalledOne();
     void closingForgetsWhatWaits();
+    void everyEndForgetsWhatTheDeviceDoesNotTake_data();
+    void everyEndForgetsWhatTheDeviceDoesNotTake();
+    void everyEndLetsTheDeviceTakeWhatItReads_data();
+    void everyEndLetsTheDeviceTakeWhatItReads();
+    void frameBeyondTheBoundIsRefused();
 };
 
 namespace {
@@ -44,6 +54,14 @@ struct Line
         if (!connection.openSerialPort(terminal.path()))
             qFatal("no connection");
         lines.clear();
+    }
+    /// Closes the port, by the operator or with the connection itself.
+    void end(bool byDestruction)
+    {
+        if (byDestruction)
+            owned.reset();
+        else
+            connection.closeSerialPort();
     }
     /// Writes frames that nobody reads.
     QByteArray fill(int count = frames)
@@ -57,7 +75,8 @@ struct Line
     }
 
     PseudoTerminal terminal;
-    SerialConnection connection{nullptr};
+    std::unique_ptr<SerialConnection> owned = std::make_unique<SerialConnection>(nullptr);
+    SerialConnection &connection = *owned;
     QSignalSpy changed{&connection, &SerialConnection::signalPortConnectionChanged};
     QSignalSpy stalled{&connection, &SerialConnection::signalWriteStalled};
     CapturedDiagnostics lines;
@@ -194,6 +213,67 @@ void tst_SerialConnection_FullLine::closingForgetsWhatWaits()
     line.connection.writeSerialPortData("anew");
     QTRY_COMPARE(line.terminal.received().mid(before), QByteArray("anew"));
     QCOMPARE(line.stalled.size(), 2);
+}
+
+static void ends()
+{
+    QTest::addColumn<bool>("byDestruction");
+    QTest::newRow("closing") << false;
+    QTest::newRow("destruction") << true;
+}
+
+void tst_SerialConnection_FullLine::everyEndForgetsWhatTheDeviceDoesNotTake_data()
+{
+    ends();
+}
+
+void tst_SerialConnection_FullLine::everyEndForgetsWhatTheDeviceDoesNotTake()
+{
+    QFETCH(bool, byDestruction);
+    Line line;
+    line.fill(); // and no stall was announced yet
+    QElapsedTimer time;
+    time.start();
+    line.end(byDestruction);
+    QVERIFY2(time.elapsed() < 1000, qPrintable(QString::number(time.elapsed())));
+    // What has reached the other end of the line stays there, up to a page.
+    const int received = line.terminal.received().size();
+    QVERIFY2(received <= 4096, qPrintable(QString::number(received)));
+    QCOMPARE(line.stalled.size(), 0);
+}
+
+void tst_SerialConnection_FullLine::everyEndLetsTheDeviceTakeWhatItReads_data()
+{
+    ends();
+}
+
+void tst_SerialConnection_FullLine::everyEndLetsTheDeviceTakeWhatItReads()
+{
+    QFETCH(bool, byDestruction);
+    Line line;
+    std::atomic<bool> ended{false};
+    const QByteArray sent = line.fill(120); // 29 kB: more than the line holds
+    std::thread reader([&] {
+        while (!ended) {
+            line.terminal.received();
+            std::this_thread::yield();
+        }
+    });
+    line.end(byDestruction);
+    ended = true;
+    reader.join();
+    QCOMPARE(line.terminal.received(), sent);
+}
+
+void tst_SerialConnection_FullLine::frameBeyondTheBoundIsRefused()
+{
+    Line line;
+    QVERIFY(line.connection.writeSerialPortData(QByteArray(SerialConnection::MaximumWaiting, 'x')));
+    QVERIFY(line.connection.writeSerialPortData("fits"));
+    const QByteArray block(64 * 1024, 'x');
+    QVERIFY(!line.connection.writeSerialPortData(block));
+    line.connection.closeSerialPort();
+    QVERIFY(!line.connection.writeSerialPortData("closed"));
 }
 
 QTEST_GUILESS_MAIN(tst_SerialConnection_FullLine)

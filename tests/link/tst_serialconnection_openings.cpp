@@ -83,6 +83,8 @@ void tst_SerialConnection_Openings::longNamesGetTheirReason_data()
     QTest::newRow("the longest that can be locked") << longestName << true << Opening::Succeeded;
     QTest::newRow("one more") << longestName + 1 << true << Opening::NameTooLong;
     QTest::newRow("many more") << longestName + 50 << true << Opening::NameTooLong;
+    QTest::newRow("longer than a file can be named")
+        << longestName + 200 << false << Opening::NameTooLong;
     QTest::newRow("of no device") << longestName + 1 << false << Opening::NotFound;
 }
 
