@@ -36,6 +36,8 @@ SerialConnection::SerialConnection(QObject *parent)
 
 SerialConnection::~SerialConnection()
 {
+    m_serialPort->blockSignals(true);
+    dropStalledOutput();
     delete m_serialPort;
     delete m_pollTimer;
 }
@@ -82,9 +84,7 @@ void SerialConnection::closeSerialPort()
     m_connected = false;
     if (m_serialPort->isOpen()) {
         diagnostics::out("<<< close()");
-        // The system would wait long for the device to take what it holds, and the window with it.
-        if (m_writeStalled && !isHungUp())
-            m_serialPort->clear(QSerialPort::Output);
+        dropStalledOutput();
         m_serialPort->close();
         diagnostics::out("<<< serial interface closed");
     } else {
@@ -233,6 +233,13 @@ short SerialConnection::lineEvents(short events) const
     return poll(&descriptor, 1, 0) > 0 ? descriptor.revents : short(0);
 }
 #endif
+
+/// Before a close: the system would wait long for the device to take what it holds.
+void SerialConnection::dropStalledOutput()
+{
+    if (m_writeStalled && m_serialPort->isOpen() && !isHungUp())
+        m_serialPort->clear(QSerialPort::Output);
+}
 
 bool SerialConnection::isHungUp() const
 {

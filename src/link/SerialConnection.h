@@ -71,6 +71,7 @@ private:
     void flush();
     void watchWaitingBytes();
     void setWriteStalled(bool stalled);
+    void dropStalledOutput();
     short lineEvents(short events) const;
     bool isHungUp() const;
     Opening reasonOfFailure() const;
