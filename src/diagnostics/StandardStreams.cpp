@@ -137,11 +137,16 @@ void StandardStreams::drainLater()
     if (!application || m_drainer == application)
         return;
     m_drainer = application;
-    QTimer::singleShot(pauseMs, application, [this] {
+    const auto drainAgain = [this] {
         const std::lock_guard<std::recursive_mutex> lock(m_mutex);
         m_drainer = nullptr;
         drain();
         if (!m_texts.empty())
             drainLater();
-    });
+    };
+    // By an event: while the application is being built it knows no timers yet, and would say so.
+    QMetaObject::invokeMethod(
+        application,
+        [application, drainAgain] { QTimer::singleShot(pauseMs, application, drainAgain); },
+        Qt::QueuedConnection);
 }

@@ -247,20 +247,21 @@ private slots:
 
     void streamsThatNobodyReadsHaltNothing_data()
     {
-        QTest::addColumn<QString>("streams");
-        QTest::newRow("output") << ">\"$2\"";
-        QTest::newRow("error") << "2>\"$2\"";
-        QTest::newRow("both") << ">\"$2\" 2>&1";
+        QTest::addColumn<QString>("command");
+        QTest::newRow("output") << "exec \"$0\" --port \"$1\" >\"$2\"";
+        QTest::newRow("error") << "exec \"$0\" --port \"$1\" 2>\"$2\"";
+        QTest::newRow("both") << "exec \"$0\" --port \"$1\" >\"$2\" 2>&1";
+        QTest::newRow("error, with a remark of the toolkit at its start")
+            << "unset XDG_RUNTIME_DIR; exec \"$0\" --port \"$1\" 2>\"$2\"";
     }
     void streamsThatNobodyReadsHaltNothing()
     {
-        QFETCH(QString, streams);
+        QFETCH(QString, command);
         UnreadPipe pipe;
         CameraEnd camera;
         Session session;
         QVERIFY(session.display.start());
-        QVERIFY(session.startCommand("exec \"$0\" --port \"$1\" " + streams,
-                                     {program, camera.path(), pipe.path()}));
+        QVERIFY(session.startCommand(command, {program, camera.path(), pipe.path()}));
         QVERIFY(session.connectTo(camera));
         camera.send(216, CameraEnd::identity(0xC92A6CE6));
         QTRY_COMPARE_WITH_TIMEOUT(camera.count(102), 1, 20000);
