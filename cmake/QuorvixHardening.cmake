@@ -7,9 +7,12 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang" AND NOT QUORVIX_SANITIZE AND NOT QUORVIX_FUZZ)
     add_compile_options(-fstack-protector-strong)
-    # The checks of buffers exist in optimized code only. The definition may come with the compiler.
-    set(optimized $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
-    add_compile_options($<${optimized}:-U_FORTIFY_SOURCE> $<${optimized}:-D_FORTIFY_SOURCE=2>)
+    # The checks of buffers exist in optimized code only. The definition may come with the compiler;
+    # a distributor's own, by the flags of the environment, may be higher and stands.
+    if(NOT CMAKE_CXX_FLAGS MATCHES "-D_FORTIFY_SOURCE=[23]")
+        set(optimized $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+        add_compile_options($<${optimized}:-U_FORTIFY_SOURCE> $<${optimized}:-D_FORTIFY_SOURCE=2>)
+    endif()
     if(UNIX AND NOT APPLE)
         add_link_options(-Wl,-z,relro,-z,now)
     endif()

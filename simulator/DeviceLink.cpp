@@ -19,13 +19,12 @@ QByteArray targetOf(const QByteArray &link)
     return length < 0 ? QByteArray() : QByteArray(target, int(length));
 }
 
-/// A simulator's link names a pseudo-terminal; that of a killed one may lead nowhere by now.
+/// A simulator's link names a pseudo-terminal, even if that is gone by now. Any other link is
+/// somebody's own, also while it leads nowhere, such as the name of a camera that is unplugged.
 bool isLeftBehind(const QByteArray &link)
 {
-    static const QRegularExpression pseudoTerminal(QStringLiteral("^/dev/pts/[0-9]+$"));
-    struct stat status;
-    return pseudoTerminal.match(QFile::decodeName(targetOf(link))).hasMatch() ||
-           (::stat(link, &status) != 0 && errno == ENOENT);
+    static const QRegularExpression pseudoTerminal(QStringLiteral("^/dev/pts/[0-9]+\\z"));
+    return pseudoTerminal.match(QFile::decodeName(targetOf(link))).hasMatch();
 }
 
 } // namespace

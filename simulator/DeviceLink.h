@@ -12,9 +12,9 @@ public:
     DeviceLink(const DeviceLink &) = delete;
     DeviceLink &operator=(const DeviceLink &) = delete;
 
-    /// Points the link to `target`. Of what may be there already it replaces only a link that a
-    /// simulator has left: one to a pseudo-terminal, or one that leads nowhere. Returns what is
-    /// wrong, empty on success.
+    /// Points the link to `target`. Of what may be there already it replaces only a link as
+    /// simulators make it: one to a pseudo-terminal, /dev/pts/N, even if that is gone. Returns what
+    /// is wrong, empty on success.
     QString pointTo(const QString &target);
     /// Removes the link if it still points where it was set to.
     void remove();

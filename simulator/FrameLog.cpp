@@ -2,7 +2,7 @@
 
 #include "simulator/CommandNames.h"
 
-#include <cstdio>
+#include "diagnostics/StandardStreams.h"
 
 void FrameLog::request(quint32 command, int size, const QString &note) const
 {
@@ -19,6 +19,5 @@ void FrameLog::line(const QString &text) const
 {
     if (!m_enabled)
         return;
-    std::fprintf(stderr, "%s\n", qPrintable(text));
-    std::fflush(stderr);
+    StandardStreams::instance().write(diagnostics::Stream::Err, text.toLocal8Bit() + '\n');
 }

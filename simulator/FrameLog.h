@@ -3,7 +3,7 @@
 #include <QString>
 
 /// What the simulated camera tells on standard error about its traffic: one line a frame, "<-" to
-/// the camera and "->" from it. Silent unless enabled.
+/// the camera and "->" from it. Silent unless enabled. Nobody has to read them.
 class FrameLog
 {
 public:

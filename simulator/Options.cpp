@@ -40,7 +40,7 @@ QString parseOptions(const QStringList &arguments, Options &options)
                                    "DIR");
     const QCommandLineOption link("link",
                                   "Keep a symbolic link to the device at this path, in place "
-                                  "of none but one that a simulator has left behind.",
+                                  "of none but one to a pseudo-terminal, /dev/pts/N.",
                                   "PATH");
     const QCommandLineOption log("log", "Write one line a frame to standard error.");
     const QCommandLineOption restart(

@@ -69,7 +69,8 @@ bool RecordStore::save(Camera::Record record, const QByteArray &bytes) const
     if (kept.exists() && !kept.isFile())
         return false;
     QSaveFile file(kept.filePath());
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() &&
+           file.commit();
 }
 
 QString loadRecords(Camera::Settings &settings, const RecordStore &store,

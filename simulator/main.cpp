@@ -3,28 +3,29 @@
 #include "simulator/Session.h"
 
 #include "diagnostics/SignalWatcher.h"
+#include "diagnostics/StandardStreams.h"
 #include "diagnostics/diagnostics.h"
+#include "diagnostics/process.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QSocketNotifier>
 
 #include <csignal>
-#include <cstdio>
 #include <unistd.h>
 
 namespace {
 
 int fail(const QString &error)
 {
-    std::fprintf(stderr, "quorvix-simulator: %s\n", qPrintable(error));
+    StandardStreams::instance().write(diagnostics::Stream::Err,
+                                      "quorvix-simulator: " + error.toLocal8Bit() + '\n');
     return 2;
 }
 
 void announce(const QString &path)
 {
-    std::printf("%s\n", qPrintable(path));
-    std::fflush(stdout);
+    StandardStreams::instance().write(diagnostics::Stream::Out, path.toLocal8Bit() + '\n');
 }
 
 void quitAtEndOfInput()
@@ -43,11 +44,11 @@ void quitAtEndOfInput()
 
 int main(int argc, char *argv[])
 {
+    process::completeStandardStreams();
+    process::surviveFailedWrites();
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("quorvix-simulator"));
-    QCoreApplication::setApplicationVersion(QStringLiteral("2.19"));
-    // Whoever read the device path may have closed the pipe since.
-    std::signal(SIGPIPE, SIG_IGN);
+    QCoreApplication::setApplicationVersion(QStringLiteral(QUORVIX_VERSION));
 
     Options options;
     QString error = parseOptions(QCoreApplication::arguments(), options);

@@ -10,6 +10,7 @@ struct CommandLine
     bool factory;      ///< show the buttons for the production line
 
     /// Ends the program if its arguments ask for text (help, version) or are wrong. Needs no
-    /// application object, and so no display.
-    static CommandLine read(int argc, char *argv[]);
+    /// application object, and so no display. Leaves nothing but the toolkit's options in `argv`,
+    /// for the toolkit would take the name of a port for one of its own.
+    static CommandLine read(int &argc, char *argv[]);
 };

@@ -26,13 +26,6 @@ void releasePort()
     openWindow = nullptr;
 }
 
-void endBySignal(int signal)
-{
-    releasePort();
-    diagnostics::flush();
-    process::endBySignal(signal);
-}
-
 } // namespace
 
 int main(int argc, char *argv[])
@@ -58,8 +51,13 @@ int main(int argc, char *argv[])
     openWindow = &window;
     std::atexit(releasePort); // a lost display ends the program at once
 #ifdef Q_OS_UNIX
-    const SignalWatcher signalWatcher({SIGINT, SIGTERM, SIGHUP});
-    QObject::connect(&signalWatcher, &SignalWatcher::signalCaught, &endBySignal);
+    SignalWatcher signalWatcher({SIGINT, SIGTERM, SIGHUP});
+    QObject::connect(&signalWatcher, &SignalWatcher::signalCaught, [&signalWatcher](int signal) {
+        releasePort();
+        signalWatcher.stop(); // a second one ends the program at once
+        diagnostics::flush();
+        process::endBySignal(signal);
+    });
 #endif
     window.offerPorts(commandLine.ports);
     if (commandLine.factory)
@@ -67,6 +65,6 @@ int main(int argc, char *argv[])
     window.show();
     window.adjustSize();
     const int status = QApplication::exec();
-    openWindow = nullptr;
+    releasePort(); // while signals are watched: a device may take its time to close
     return status;
 }

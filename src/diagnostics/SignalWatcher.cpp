@@ -39,8 +39,12 @@ bool isIgnored(int signal)
 
 SignalWatcher::SignalWatcher(std::initializer_list<int> watched, QObject *parent) : QObject(parent)
 {
-    if (::pipe2(wakeUp, O_CLOEXEC | O_NONBLOCK) != 0)
+    if (::pipe(wakeUp) != 0)
         return; // the signals then keep their default action
+    for (const int descriptor : wakeUp) {
+        ::fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+        ::fcntl(descriptor, F_SETFL, O_NONBLOCK);
+    }
     auto *notifier = new QSocketNotifier(wakeUp[0], QSocketNotifier::Read, this);
     connect(notifier, &QSocketNotifier::activated, this, [this] {
         char bytes[16];
@@ -60,8 +64,7 @@ SignalWatcher::SignalWatcher(std::initializer_list<int> watched, QObject *parent
 
 SignalWatcher::~SignalWatcher()
 {
-    for (const int signal : m_watched)
-        handle(signal, SIG_DFL);
+    stop();
     for (int &descriptor : wakeUp) {
         if (descriptor >= 0)
             ::close(descriptor);
@@ -69,9 +72,17 @@ SignalWatcher::~SignalWatcher()
     }
 }
 
+void SignalWatcher::stop()
+{
+    for (const int signal : m_watched)
+        handle(signal, SIG_DFL);
+    m_watched.clear();
+}
+
 #else
 
 SignalWatcher::SignalWatcher(std::initializer_list<int>, QObject *parent) : QObject(parent) {}
 SignalWatcher::~SignalWatcher() = default;
+void SignalWatcher::stop() {}
 
 #endif

@@ -17,9 +17,12 @@ public:
     explicit SignalWatcher(std::initializer_list<int> watched, QObject *parent = nullptr);
     ~SignalWatcher() override;
 
+    /// Gives the watched signals their default action again, from now on.
+    void stop();
+
 signals:
     void signalCaught(int signal);
 
 private:
-    std::vector<int> m_watched;
+    std::vector<int> m_watched; ///< until stop()
 };

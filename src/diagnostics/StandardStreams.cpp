@@ -3,6 +3,7 @@
 #include "diagnostics/unwaited.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QThread>
 #include <QTimer>
 
@@ -36,17 +37,11 @@ void StandardStreams::write(Stream stream, const QByteArray &text)
 void StandardStreams::flush()
 {
     constexpr int pauseMs = 10;
+    constexpr int patienceMs = 2500; // altogether: a reader may be slow without end
     const std::lock_guard<std::recursive_mutex> lock(m_mutex);
     drain();
-    int left = m_out.waiting + m_err.waiting;
-    for (int patience = 1000; !m_texts.empty() && patience > 0; patience -= pauseMs) {
+    for (const QDeadlineTimer end(patienceMs); !m_texts.empty() && !end.hasExpired(); drain())
         QThread::msleep(pauseMs);
-        drain();
-        const int now = m_out.waiting + m_err.waiting;
-        if (now < left)
-            patience = 1000;
-        left = now;
-    }
 }
 
 StandardStreams::Target &StandardStreams::target(Stream stream)
@@ -142,11 +137,16 @@ void StandardStreams::drainLater()
     if (!application || m_drainer == application)
         return;
     m_drainer = application;
-    QTimer::singleShot(pauseMs, application, [this] {
+    const auto drainAgain = [this] {
         const std::lock_guard<std::recursive_mutex> lock(m_mutex);
         m_drainer = nullptr;
         drain();
         if (!m_texts.empty())
             drainLater();
-    });
+    };
+    // By an event: while the application is being built it knows no timers yet, and would say so.
+    QMetaObject::invokeMethod(
+        application,
+        [application, drainAgain] { QTimer::singleShot(pauseMs, application, drainAgain); },
+        Qt::QueuedConnection);
 }

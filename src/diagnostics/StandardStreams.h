@@ -21,7 +21,7 @@ public:
 
     void write(diagnostics::Stream stream, const QByteArray &text);
 
-    /// Waits for what is not written yet, but not for longer than a second without progress.
+    /// Waits for what is not written yet, but gives up after two and a half seconds.
     void flush();
 
 private:

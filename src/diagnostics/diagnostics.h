@@ -18,7 +18,7 @@ void outUnterminated(const QString &text);
 /// Writes `line` and a line end to standard error.
 void err(const QString &line);
 
-/// Waits for what has not been taken yet; gives up after a second without progress. A normal end of
+/// Waits for what has not been taken yet; gives up after two and a half seconds. A normal end of
 /// the program does so, too.
 void flush();
 

@@ -58,7 +58,7 @@ ssize_t writeToReader(int descriptor, const struct stat &file, const char *bytes
     }
     // A pipe that is ready takes this much without blocking.
     pollfd ready{descriptor, POLLOUT, 0};
-    if (::poll(&ready, 1, 0) == 0) {
+    if (::poll(&ready, 1, 0) <= 0) {
         errno = EAGAIN;
         return -1;
     }

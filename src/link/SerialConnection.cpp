@@ -272,6 +272,7 @@ short SerialConnection::lineEvents(short events) const
 }
 #endif
 
+/// Before a close: the system would wait long for the device to take what it holds.
 bool SerialConnection::isHungUp() const
 {
 #ifdef Q_OS_UNIX

@@ -42,10 +42,13 @@ private slots:
             QTest::qWait(milliseconds);
             return processorTimeOf(tool.processId()) - before;
         };
-        // The start and the closer looks at the ports after it go into the first measurements.
-        double least = 1;
-        for (int i = 0; i < 6 && least > mostUsed; ++i)
-            least = std::min(least, usedIn(10000) / 10);
+        usedIn(10000); // the start, and the closer looks at the ports after it
+        // Longer than the time between two looks that are always taken. What else the machine does
+        // may disturb one of two.
+        constexpr int seconds = 35;
+        double used = usedIn(seconds * 1000) / seconds;
+        if (used > mostUsed)
+            used = std::min(used, usedIn(seconds * 1000) / seconds);
         const double started = processorTimeOf(tool.processId());
         const bool running = tool.state() == QProcess::Running;
         tool.terminate();
@@ -54,7 +57,7 @@ private slots:
         tool.waitForFinished();
         QVERIFY(running);
         QVERIFY2(started > 0.02, qPrintable(QString::number(started)));
-        QVERIFY2(least <= mostUsed, qPrintable(QString::number(least)));
+        QVERIFY2(used <= mostUsed, qPrintable(QString::number(used)));
     }
 };
 

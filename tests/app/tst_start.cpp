@@ -112,6 +112,25 @@ private slots:
         QTest::newRow("beside a display") << QStringList{"-display", ":77", "--prot"} << unknown;
         QTest::newRow("beside a style") << QStringList{"--prot", "-style=fusion"} << unknown;
         QTest::newRow("beside flags") << QStringList{"-reverse", "--prot", "--dograb"} << unknown;
+        QTest::newRow("style behind an equals sign, as a sheet")
+            << QStringList{"-stylesheet=x", "--style=fusion", "-qmljsdebugger=x", "--prot"}
+            << unknown;
+        const auto unknownNamed = [](const char *name) {
+            return QByteArray("quorvix-config: Unknown option '") + name + "'.\n";
+        };
+        for (const char *name :
+             {"platform", "platformpluginpath", "platformtheme", "plugin", "geometry",
+              "qwindowgeometry", "title", "qwindowtitle", "icon", "qwindowicon", "session",
+              "display", "name", "visual", "reverse", "nograb", "dograb"})
+            QTest::addRow("--%s with an equals sign", name)
+                << QStringList{QStringLiteral("--%1=:9").arg(name)} << unknownNamed(name);
+        for (const char *name : {"-platform", "--display", "-visual", "-style"})
+            QTest::addRow("%s without a value", name)
+                << QStringList{name}
+                << QByteArray("quorvix-config: Missing value after '") + name + "'.\n";
+        QTest::newRow("unknown, of two lines") << QStringList{"--a\nb"} << unknownNamed("a\\x0ab");
+        QTest::newRow("no option, of two lines")
+            << QStringList{"a\nb"} << QByteArray("Unexpected argument: a\\x0ab\n");
         QTest::newRow("without a name")
             << QStringList{"--port"}
             << QByteArray("quorvix-config: Missing value after '--port'.\n");
@@ -134,20 +153,27 @@ private slots:
 
     void portMayBeNamedLikeAnOption_data()
     {
-        QTest::addColumn<QString>("name");
-        for (const char *name : {"-h", "--help", "-v", "--version"})
-            QTest::newRow(name) << name;
+        QTest::addColumn<QStringList>("arguments");
+        for (const char *name :
+             {"-h", "--help", "-v", "--version", "-style", "-reverse", "--platform", "-geometry"})
+            QTest::newRow(name) << QStringList{"--port", name};
+        QTest::newRow("one argument") << QStringList{"--port=-h"};
+        QTest::newRow("before an option") << QStringList{"--port", "-platform", "--factory"};
+        QTest::newRow("before an argument")
+            << QStringList{"--port", "-platform", "-style", "fusion"};
     }
     void portMayBeNamedLikeAnOption()
     {
-        QFETCH(QString, name);
+        QFETCH(QStringList, arguments);
         if (!hasDisplayTools())
             QSKIP("needs Xvfb and xdotool");
         Session session;
         QVERIFY(session.display.start());
-        QVERIFY(session.start({"--port", name}, session.environment()));
+        QVERIFY(session.start(arguments, session.environment()));
         QVERIFY(session.end());
         QCOMPARE(session.process.readAllStandardOutput(), QByteArray());
+        QCOMPARE(session.process.readAllStandardError(), QByteArray());
+        QCOMPARE(session.process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(session.process.exitCode(), 0);
     }
 

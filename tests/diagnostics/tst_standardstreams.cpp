@@ -3,7 +3,9 @@
 
 #include "diagnostics/diagnostics.h"
 #include "diagnostics/process.h"
+#include "support/unreadpipe.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -57,6 +59,12 @@ void goOn()
     writeLines(ManyLines);
     tell("written");
     waitForWord();
+}
+
+void writeAndEnd()
+{
+    writeLines(ManyLines);
+    tell("written");
 }
 
 void writeBothWays()
@@ -128,6 +136,7 @@ void openAFile()
 
 const std::map<QByteArray, void (*)()> modes = {
     {"--go-on", goOn},
+    {"--write-and-end", writeAndEnd},
     {"--both-ways", writeBothWays},
     {"--keep-mode", keepMode},
     {"--event-loop", turnEventLoop},
@@ -219,6 +228,24 @@ private slots:
         writer.process.write(".");
         QCOMPARE(writer.readToTheEnd(), lines(0, ManyLines));
         QCOMPARE(writer.process.exitCode(), 0);
+    }
+
+    void slowReaderHoldsUpNoEnd()
+    {
+        UnreadPipe pipe;
+        QProcess process;
+        process.start("sh", {"-c", "exec \"$0\" --write-and-end >\"$1\"",
+                             QCoreApplication::applicationFilePath(), pipe.path()});
+        process.setReadChannel(QProcess::StandardError);
+        QVERIFY(process.waitForReadyRead(30000)); // written
+        QElapsedTimer time;
+        time.start();
+        // More than 40 pages wait.
+        while (!process.waitForFinished(500) && time.elapsed() < 30000)
+            pipe.readPage();
+        QCOMPARE(process.state(), QProcess::NotRunning);
+        QCOMPARE(process.exitCode(), 0);
+        QVERIFY2(time.elapsed() < 8000, qPrintable(QString::number(time.elapsed())));
     }
 
     void whatWaitsIsWrittenOnceSomebodyReads()

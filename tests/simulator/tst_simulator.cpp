@@ -2,6 +2,7 @@
 #include "support/records.h"
 #include "support/serialclient.h"
 #include "support/simulatorprocess.h"
+#include "support/unreadpipe.h"
 #include "support/wire.h"
 
 #include <QtTest>
@@ -10,6 +11,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/inotify.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -255,7 +257,7 @@ private slots:
     void keepsALinkInPlaceOfAStaleOneAndRemovesItAtTheEnd()
     {
         const QString link = m_directory.filePath("stale");
-        QCOMPARE(::symlink("/nowhere/at/all", QFile::encodeName(link)), 0);
+        QCOMPARE(::symlink("/dev/pts/4000000", QFile::encodeName(link)), 0);
         SimulatorProcess simulator;
         QVERIFY(simulator.start({"--link", link}));
         QCOMPARE(target(link), QFile::encodeName(simulator.path()));
@@ -294,6 +296,85 @@ private slots:
                                         " is a link to " + QFile::encodeName(precious) +
                                         ", not one that a simulator has left behind\n"));
         QCOMPARE(target(link), QFile::encodeName(precious));
+    }
+
+    void neverReplacesALinkToADeviceThatIsUnplugged()
+    {
+        const QString link = m_directory.filePath("unplugged");
+        QCOMPARE(::symlink("/dev/ttyACM77", QFile::encodeName(link)), 0);
+        const Run result = run({"--link", link});
+        QCOMPARE(result.exitCode, 2);
+        QCOMPARE(result.out, QByteArray());
+        QCOMPARE(result.err.count('\n'), 1);
+        QCOMPARE(target(link), QByteArray("/dev/ttyACM77"));
+    }
+
+    void closedStreamsLeadNowhere()
+    {
+        const QString link = m_directory.filePath("streamless");
+        QProcess process;
+        process.start("sh", {"-c", "exec \"$0\" --link \"$1\" <&- >&- 2>&-",
+                             QStringLiteral(BIN_DIR "/quorvix-simulator"), link});
+        QTRY_VERIFY_WITH_TIMEOUT(!target(link).isEmpty(), 20000);
+        for (const int descriptor : {0, 1, 2})
+            QCOMPARE(
+                target(QStringLiteral("/proc/%1/fd/%2").arg(process.processId()).arg(descriptor)),
+                QByteArray("/dev/null"));
+        Client client;
+        QVERIFY(client.open(link));
+        QCOMPARE(client.ask(116).command, 216U);
+        process.terminate();
+        QVERIFY(process.waitForFinished(10000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 0);
+    }
+
+    void fileSizeLimitAtTheStartIsTold()
+    {
+        QProcess process;
+        process.start("sh", {"-c", "ulimit -f 0; exec \"$0\" --state \"$1\"",
+                             QStringLiteral(BIN_DIR "/quorvix-simulator"),
+                             m_directory.filePath("limited")});
+        QVERIFY(process.waitForFinished(20000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 2);
+        const QByteArray error = process.readAllStandardError();
+        QCOMPARE(error.count('\n'), 1);
+        QVERIFY2(error.startsWith("quorvix-simulator: "), error);
+    }
+
+    void fileSizeLimitRefusesARecordAndEndsNothing()
+    {
+        SimulatorProcess simulator;
+        QVERIFY(simulator.start({"--state", m_directory.filePath("limited later")}));
+        const rlimit none{0, RLIM_INFINITY};
+        QCOMPARE(::prlimit(pid_t(simulator.process().processId()), RLIMIT_FSIZE, &none, nullptr),
+                 0);
+        Client client;
+        QVERIFY(client.open(simulator.path()));
+        const QByteArray record = client.ask(102).payload.left(223);
+        QCOMPARE(client.ask(101, record).command, 301U);
+        QCOMPARE(client.ask(102).payload.left(223), record);
+        QCOMPARE(simulator.stop(), 0);
+    }
+
+    void logThatNobodyReadsHaltsNothing()
+    {
+        const UnreadPipe log;
+        const QString link = m_directory.filePath("unread");
+        QProcess process;
+        process.start("sh", {"-c", "exec \"$0\" --log --link \"$1\" 2>\"$2\"",
+                             QStringLiteral(BIN_DIR "/quorvix-simulator"), link, log.path()});
+        QTRY_VERIFY_WITH_TIMEOUT(!target(link).isEmpty(), 20000);
+        Client client;
+        QVERIFY(client.open(link));
+        for (int i = 0; i < 10; ++i)
+            QCOMPARE(client.ask(116).command, 216U);
+        process.terminate();
+        QVERIFY(process.waitForFinished(10000));
+        QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process.exitCode(), 0);
+        QVERIFY(target(link).isEmpty());
     }
 
     void takesOverTheLinkOfAKilledSimulator()

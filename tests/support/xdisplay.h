@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QProcess>
 #include <QStringList>
+#include <QVector>
 
 #include <cstdlib>
 #include <memory>
@@ -36,19 +37,22 @@ public:
 
     QString name() const { return m_name; }
 
-    /// The visible window with this title; 0 if there is none.
-    xcb_window_t find(const QByteArray &title)
+    /// The visible window with this title, the lowest of several; 0 if there is none.
+    xcb_window_t find(const QByteArray &title) { return findAll(title).value(0); }
+
+    QVector<xcb_window_t> findAll(const QByteArray &title)
     {
+        QVector<xcb_window_t> found;
         const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
         const Reply<xcb_query_tree_reply_t> tree(
             xcb_query_tree_reply(m_connection, xcb_query_tree(m_connection, root), nullptr));
         if (!tree)
-            return 0;
+            return found;
         const xcb_window_t *children = xcb_query_tree_children(tree.get());
         for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i)
             if (isVisible(children[i]) && property(children[i], "_NET_WM_NAME") == title)
-                return children[i];
-        return 0;
+                found.append(children[i]);
+        return found;
     }
 
     /// Uses the mouse or the keyboard as xdotool's `arguments` say.
