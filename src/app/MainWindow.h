@@ -233,7 +233,6 @@ private:
     bool settleOutstandingCommand(ComioInterfaceCommand_TypeDef command);
     void showGpsText(const QVector<uint8_t> &payload);
     void showFocusAdjustment(const QVector<uint8_t> &payload);
-    void showModelGroups(const QList<QWidget *> &groups);
     void showExternalShutterOptions(bool installed);
     QByteArray recordFromForm();
     void showCameraRecord(const QVector<unsigned char> &record);
