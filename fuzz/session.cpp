@@ -8,7 +8,7 @@
 // step's; what follows stands at the step's function.
 
 #include "cameraline.h"
-#include "configurationrecords.h"
+#include "formrecords.h"
 #include "desktop.h"
 
 #include <QAction>
