@@ -25,8 +25,6 @@ class sbusTester;
 struct Preset;
 struct thermalCommPacket_Blend_R8_TypeDef;
 struct thermalCommPacket_Blend_Zoom_R13_TypeDef;
-template <class T>
-struct Span;
 
 /// The window of the tool and the owner of everything that lives as long as it: serial connection,
 /// frame parser, device registry and secondary windows. They know nothing of each other; their
@@ -237,7 +235,7 @@ private:
     void showGpsText(const QVector<uint8_t> &payload);
     void showFocusAdjustment(const QVector<uint8_t> &payload);
     void showExternalShutterOptions(bool installed);
-    void preset(const Span<Preset> &presets);
+    void preset(const Preset &preset);
     QByteArray recordFromForm();
     void showCameraRecord(const QVector<unsigned char> &record);
     static QString modelName(quint32 key);

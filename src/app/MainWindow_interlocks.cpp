@@ -53,7 +53,8 @@ void MainWindow::on_cbPeripheryGimbalrc_stateChanged(int state)
     if (model->gimbalUnlocksSerialPort)
         m_ui->gbGPSSettings->setEnabled(true);
     m_ui->tab_SBUS->setEnabled(true);
-    preset(model->gimbalPresets);
+    for (const Preset &channelOrTrigger : model->gimbalPresets)
+        preset(channelOrTrigger);
 }
 
 void MainWindow::on_cbPeripheryGPSIndexChanged(int index)
@@ -86,7 +87,8 @@ void MainWindow::on_cbTriggerPinModeIndexChanged(int index)
              m_ui->cbSbusColorMapSwitchMode, m_ui->cbSbusZoomMode})
         widget->setEnabled(true);
     if (const Model *model = models::ofKey(m_devices->getDevice()))
-        preset(model->sbusTriggerPresets);
+        for (const Preset &channel : model->sbusTriggerPresets)
+            preset(channel);
 }
 
 void MainWindow::on_cbIsothermsState_currentIndexChanged(int index)

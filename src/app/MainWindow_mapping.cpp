@@ -53,26 +53,25 @@ bool MainWindow::ui2config_qxblendzoom(thermalCommPacket_Blend_Zoom_R13_TypeDef 
                           &record);
 }
 
-void MainWindow::preset(const Span<Preset> &presets)
+void MainWindow::preset(const Preset &preset)
 {
     const std::pair<const Layout &, const RecordTable &> records[] = {
         {layouts::blend, builtOnce(m_blendTable, blendTable, *m_ui)},
         {layouts::blendZoom, builtOnce(m_blendZoomTable, blendZoomTable, *m_ui)},
     };
-    for (const Preset &preset : presets)
-        for (const auto &[layout, table] : records) {
-            const Field *field = layout.field(QLatin1String(preset.field));
-            if (!field)
-                continue; // the form shows it all the same
-            const auto row = std::find_if(table.begin(), table.end(), [&](const RecordRow &row) {
-                return row.offset == field->wire.offset;
-            });
-            auto *box = static_cast<QComboBox *>(row->widget);
-            box->setCurrentIndex(field->vocabulary->positionOf(preset.stored));
-            if (preset.locked)
-                box->setEnabled(false);
-            break;
-        }
+    for (const auto &[layout, table] : records) {
+        const Field *field = layout.field(QLatin1String(preset.field));
+        if (!field)
+            continue; // the form shows it all the same
+        const auto row = std::find_if(table.begin(), table.end(), [&](const RecordRow &row) {
+            return row.offset == field->wire.offset;
+        });
+        auto *box = static_cast<QComboBox *>(row->widget);
+        box->setCurrentIndex(field->vocabulary->positionOf(preset.stored));
+        if (preset.locked)
+            box->setEnabled(false);
+        return;
+    }
 }
 
 int MainWindow::SonyFCBFocusvalue2int(quint8 byte)
