@@ -3,8 +3,8 @@
 // Input: one byte with the kind of the record (bits 0 and 1), whether the Blend Zoom is the active
 // device (bit 2) and whether modal windows are answered with Ok (bit 3); then the record.
 
-#include "configurationrecords.h"
 #include "desktop.h"
+#include "formrecords.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *bytes, std::size_t size)
 {

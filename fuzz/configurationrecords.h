@@ -1,28 +1,13 @@
 #pragma once
 
 #include "Input.h"
-#include "app/MainWindow.h"
-#include "judge.h"
 #include "records/thermalCommPacket_Blend_R8_TypeDef.h"
-#include "records/thermalCommPacket_Blend_Zoom_R13_TypeDef.h"
 #include "support/records.h"
 
-/// Configuration records, valid and not, for the targets that fill the main window's form.
+/// Configuration records, valid and not.
 namespace configuration {
 
 constexpr int headerSize = 12;
-
-/// What the tool may take as a record, judged a second time from the bytes alone.
-inline bool isValid(const QByteArray &bytes)
-{
-    for (const QByteArray &model : {records::blend(), records::blendZoom()}) {
-        const QByteArray record = bytes.left(model.size());
-        if (bytes.startsWith(model.left(headerSize)) && record.size() == model.size() &&
-            records::sealed(record) == record)
-            return true;
-    }
-    return false;
-}
 
 /// A record of the input's rest in one of four kinds: as it stands; a Blend's or a Blend Zoom's
 /// body, to which header and CRC are made; with a header of the input and a fitting CRC.
@@ -35,22 +20,6 @@ inline QByteArray fromInput(int kind, Input &input)
     const QByteArray content = input.bytes(record.size() - 2 - from);
     record.replace(from, content.size(), content);
     return records::sealed(record) + input.rest();
-}
-
-/// The record that the form makes in the layout of a model.
-inline QByteArray ofForm(MainWindow &window, bool zoom)
-{
-    const auto bytesOf = [](const auto &record) {
-        return QByteArray(reinterpret_cast<const char *>(&record), sizeof record);
-    };
-    if (zoom) {
-        thermalCommPacket_Blend_Zoom_R13_TypeDef record{};
-        window.ui2config_qxblendzoom(record);
-        return bytesOf(record);
-    }
-    thermalCommPacket_Blend_R8_TypeDef record{};
-    window.ui2config_qxblend(record);
-    return bytesOf(record);
 }
 
 /// True for a valid record in the layout of the Blend Zoom.

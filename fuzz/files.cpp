@@ -6,9 +6,9 @@
 // answered with Ok (bit 4) and whether the path names no file (bit 5); one byte with the number of
 // KiB to append, or with what it names instead; then the content.
 
-#include "configurationrecords.h"
 #include "desktop.h"
 #include "factorydialog.h"
+#include "formrecords.h"
 
 #include <QDir>
 #include <QFile>

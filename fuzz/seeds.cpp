@@ -359,7 +359,7 @@ int main(int argc, char *argv[])
     Seeds configuration;
     for (const Record &record : configurations())
         configuration.append({record.name, byte(record.kind | 4 | 8) + record.bytes});
-    const bool written = write(root, "frames", frames()) &&
+    const bool written = write(root, "frames", frames()) && write(root, "records", configuration) &&
                          write(root, "configuration", configuration) &&
                          write(root, "factory", factory()) && write(root, "files", files()) &&
                          write(root, "session", session());

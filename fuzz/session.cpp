@@ -8,8 +8,8 @@
 // step's; what follows stands at the step's function.
 
 #include "cameraline.h"
-#include "configurationrecords.h"
 #include "desktop.h"
+#include "formrecords.h"
 
 #include <QAction>
 #include <QComboBox>

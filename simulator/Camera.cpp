@@ -2,6 +2,7 @@
 
 #include "simulator/DefaultRecords.h"
 #include "simulator/SimulatedSignals.h"
+#include "simulator/defects.h"
 
 #include "link/ComioInterfaceCommand.h"
 
@@ -107,7 +108,7 @@ Camera::Outcome Camera::writeConfiguration(const QByteArray &payload)
     const QString defect = configurationDefect(*m_settings.model, payload);
     if (!defect.isEmpty())
         return refused(defect);
-    const QByteArray record = payload.left(m_settings.model->configurationSize);
+    const QByteArray record = payload.left(m_settings.model->configuration->size);
     if (!stored(Record::Configuration, record))
         return refused(QStringLiteral("could not be stored"));
     const int changed = differences(record, m_settings.configuration);
@@ -121,7 +122,7 @@ Camera::Outcome Camera::useLiveSettings(const QByteArray &payload)
     const QString defect = configurationDefect(*m_settings.model, payload);
     if (!defect.isEmpty())
         return refused(defect);
-    const QByteArray record = payload.left(m_settings.model->configurationSize);
+    const QByteArray record = payload.left(m_settings.model->configuration->size);
     const int changed = differences(record, m_active);
     m_active = record;
     return {true, {}, QStringLiteral("in use, %1 bytes changed, not stored").arg(changed)};

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "simulator/CameraModel.h"
+#include "camera/models.h"
 
 #include <functional>
 
@@ -13,7 +13,7 @@ public:
 
     struct Settings
     {
-        const CameraModel *model;
+        const Model *model;
         QByteArray serial; ///< null: the one that the factory record names
         quint32 firmware;  ///< date as the decimal number yyyymmdd
         QByteArray configuration;

@@ -1,16 +1,17 @@
 #include "simulator/DefaultRecords.h"
 
-#include "records/FactorySettingsRecords.h"
-#include "records/crc16.h"
-#include "records/thermalCommPacket_Blend_R8_TypeDef.h"
-#include "records/thermalCommPacket_Blend_Zoom_R13_TypeDef.h"
+#include "simulator/defects.h"
+
+#include "records/blendFields.h"
+#include "records/blendZoomFields.h"
+#include "records/factoryFields.h"
 
 #include <algorithm>
 #include <cstring>
 
 namespace {
 
-constexpr quint8 sbusDeactivated = 18;
+using vocabularies::sbusDeactivated;
 
 PeripheryFields periphery()
 {
@@ -78,54 +79,51 @@ void fillShared(Record &record)
     record.thresholds.high.fill(1366);
 }
 
+/// A record of which only the fixed bytes are set.
 template <class Record>
-QByteArray seal(Record &record)
+Record blankRecord()
 {
-    record.header.device_key = Record::deviceKey;
-    record.header.data_length = offsetof(Record, crc) - sizeof record.header;
-    record.header.control_struct_version = Record::version;
-    record.crc = crc16(reinterpret_cast<const uchar *>(&record), offsetof(Record, crc));
+    const QByteArray bytes = blank(layoutOf<Record>);
+    Record record;
+    std::memcpy(&record, bytes.constData(), sizeof record);
+    return record;
+}
+
+template <class Record>
+QByteArray bytesOf(Record &record)
+{
+    seal(layoutOf<Record>, reinterpret_cast<uchar *>(&record));
     return QByteArray(reinterpret_cast<const char *>(&record), sizeof record);
 }
 
 QByteArray blendConfiguration()
 {
-    thermalCommPacket_Blend_R8_TypeDef record{};
+    auto record = blankRecord<thermalCommPacket_Blend_R8_TypeDef>();
     fillShared(record);
-    record.fixed_58 = 1600;
-    record.fixed_60 = 1200;
     record.vlc_ev_correction = -1;
     record.vlc_adaptive_gradation = 1;
     record.vlc_white_balance = 5;
     record.vlc_focus = 0x4A; // -10
     record.sbus_view_mode_switch_mode = 1;
-    return seal(record);
+    return bytesOf(record);
 }
 
 QByteArray blendZoomConfiguration()
 {
-    thermalCommPacket_Blend_Zoom_R13_TypeDef record{};
+    auto record = blankRecord<thermalCommPacket_Blend_Zoom_R13_TypeDef>();
     fillShared(record);
-    record.fixed_61 = 8;
     record.vlc_ae_mode = 10;         // shutter priority
     record.vlc_ae_shutter_speed = 9; // 1/120 s
-    record.fixed_64 = {0x11, 0x01, 0x03, 0x03};
-    record.fixed_68 = 7;
     record.tamron_focus_mode = 2;
     record.tamron_focus_position = 12288;
     record.vibration_compensation = 2;
-    record.fixed_73 = 0x8000;
-    record.fixed_75 = 0x80;
     record.zoom_step = 2;
     record.jpeg_quality_daylight = 85;
     record.ext0_mode = 4;  // image sync on port 0
     record.ext1_mode = 10; // command line on port 1
-    record.fixed_99 = 115200;
-    record.fixed_103 = {8, 0, 1, 0};
     record.sbus_zoom = 6;
     record.sbus_zoom_mode = 2;
-    record.fixed_209 = 3000;
-    return seal(record);
+    return bytesOf(record);
 }
 
 void putSerial(std::array<char, 12> &field, const QByteArray &serial)
@@ -135,14 +133,14 @@ void putSerial(std::array<char, 12> &field, const QByteArray &serial)
 
 QByteArray blendFactoryRecord(const QByteArray &serial)
 {
-    FactorySettings_QXBlend_TypeDef record{};
+    auto record = blankRecord<FactorySettings_QXBlend_TypeDef>();
     putSerial(record.device_serial_number, serial);
     record.ardview_horizontal = 3;
     record.ardview_vertical = -2;
     record.liveview_horizontal = 46;
     record.liveview_vertical = 17;
     record.ardview_scale = 480;
-    return QByteArray(reinterpret_cast<const char *>(&record), sizeof record);
+    return bytesOf(record);
 }
 
 // Rows A to G by zoom position 1 to 10, a calibrated unit's placement of the infrared picture.
@@ -173,8 +171,7 @@ constexpr int ardview[3][10] = {
 
 QByteArray blendZoomFactoryRecord(const QByteArray &serial)
 {
-    FactorySettings_QXBlendZoom_TypeDef record{};
-    record.struct_version = FactorySettings_QXBlendZoom_TypeDef::version;
+    auto record = blankRecord<FactorySettings_QXBlendZoom_TypeDef>();
     putSerial(record.device_serial_number, serial);
     for (size_t zoom = 0; zoom < 10; ++zoom) {
         for (size_t row = 0; row < 7; ++row) {
@@ -184,12 +181,12 @@ QByteArray blendZoomFactoryRecord(const QByteArray &serial)
         for (size_t row = 0; row < 3; ++row)
             record.ardview_adjust[zoom][row] = ardview[row][zoom];
     }
-    return QByteArray(reinterpret_cast<const char *>(&record), sizeof record);
+    return bytesOf(record);
 }
 
 } // namespace
 
-QByteArray defaultConfiguration(const CameraModel &model)
+QByteArray defaultConfiguration(const Model &model)
 {
     switch (model.key) {
     case thermalCommPacket_Blend_R8_TypeDef::deviceKey:
@@ -201,7 +198,7 @@ QByteArray defaultConfiguration(const CameraModel &model)
     }
 }
 
-QByteArray defaultFactoryRecord(const CameraModel &model, const QByteArray &serial)
+QByteArray defaultFactoryRecord(const Model &model, const QByteArray &serial)
 {
     switch (model.key) {
     case thermalCommPacket_Blend_R8_TypeDef::deviceKey:
@@ -213,16 +210,13 @@ QByteArray defaultFactoryRecord(const CameraModel &model, const QByteArray &seri
     }
 }
 
-QByteArray factorySerial(const CameraModel &model, const QByteArray &record)
+QByteArray factorySerial(const Model &model, const QByteArray &record)
 {
     if (!factoryDefect(model, record).isEmpty())
         return {};
-    const bool zoom = model.key == thermalCommPacket_Blend_Zoom_R13_TypeDef::deviceKey;
-    const QByteArray field =
-        record.mid(zoom ? offsetof(FactorySettings_QXBlendZoom_TypeDef, device_serial_number)
-                        : offsetof(FactorySettings_QXBlend_TypeDef, device_serial_number),
-                   12);
-    if (field == QByteArray(12, '\xFF'))
+    const Wire place = model.factory->field(QLatin1String("serial-number"))->wire;
+    const QByteArray serial = record.mid(place.offset, place.size());
+    if (serial == QByteArray(serial.size(), '\xFF'))
         return {};
-    return field.left(int(qstrnlen(field.constData(), 12)));
+    return serial.left(int(qstrnlen(serial.constData(), uint(serial.size()))));
 }

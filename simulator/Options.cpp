@@ -22,6 +22,17 @@ bool isPlainText(const QString &text)
                        [](QChar c) { return c.unicode() >= 0x20 && c.unicode() < 0x7F; });
 }
 
+/// Those of the cameras that are configured first.
+QStringList modelNames()
+{
+    QStringList names;
+    for (const bool withRecords : {true, false})
+        for (const Model &model : models::all())
+            if (model.hasRecords() == withRecords)
+                names << QString::fromLatin1(model.optionName);
+    return names;
+}
+
 } // namespace
 
 QString parseOptions(const QStringList &arguments, Options &options)
@@ -72,7 +83,7 @@ QString parseOptions(const QStringList &arguments, Options &options)
         return QStringLiteral("Unexpected argument '%1'.")
             .arg(parser.positionalArguments().constFirst());
 
-    options.model = findModel(parser.value(model));
+    options.model = models::ofOptionName(parser.value(model));
     if (!options.model)
         return QStringLiteral("Unknown model '%1': choose one of %2.")
             .arg(parser.value(model), modelNames().join(QStringLiteral(", ")));
@@ -108,7 +119,7 @@ QString parseOptions(const QStringList &arguments, Options &options)
     if (!options.model->hasRecords() &&
         !(options.configurationFile.isEmpty() && options.factoryFile.isEmpty()))
         return QStringLiteral("A %1 camera has no records to start from.")
-            .arg(QString::fromLatin1(options.model->name));
+            .arg(QString::fromLatin1(options.model->optionName));
     options.stateDirectory = parser.value(state);
     options.link = parser.value(link);
     options.log = parser.isSet(log);

@@ -1,14 +1,15 @@
 #pragma once
 
-#include "simulator/CameraModel.h"
 #include "simulator/Faults.h"
+
+#include "camera/models.h"
 
 #include <QStringList>
 
 /// What the command line asks of the simulator.
 struct Options
 {
-    const CameraModel *model = nullptr;
+    const Model *model = nullptr;
     QByteArray serial; ///< null if not given
     quint32 firmware = 0;
     QString configurationFile;

@@ -1,6 +1,7 @@
 #include "simulator/RecordStore.h"
 
 #include "simulator/DefaultRecords.h"
+#include "simulator/defects.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -11,11 +12,11 @@ namespace {
 /// Serial number of a camera that was given none.
 constexpr char defaultSerial[] = "1701234";
 
-using Defect = QString (*)(const CameraModel &, const QByteArray &);
+using Defect = QString (*)(const Model &, const QByteArray &);
 
 /// Reads `named`, or else `kept` if that exists, into `record`, which otherwise stays empty.
-QString load(QByteArray &record, const QString &named, const QString &kept,
-             const CameraModel &model, Defect defectOf, int size)
+QString load(QByteArray &record, const QString &named, const QString &kept, const Model &model,
+             Defect defectOf, const Layout *layout)
 {
     QString path = named;
     if (path.isEmpty() && QFileInfo::exists(kept))
@@ -30,19 +31,19 @@ QString load(QByteArray &record, const QString &named, const QString &kept,
     if (!file.open(QIODevice::ReadOnly))
         return QStringLiteral("cannot read %1: %2").arg(path, file.errorString());
     // One byte more than any record and its padding tells a file that is too long.
-    record = file.read(size + 4);
+    record = file.read(layout ? layout->size + 4 : 4);
     const QString defect = defectOf(model, record);
     if (!defect.isEmpty())
         return QStringLiteral("%1 is no record of a %2 camera: %3")
-            .arg(path, QString::fromLatin1(model.name), defect);
-    record.truncate(size);
+            .arg(path, QString::fromLatin1(model.optionName), defect);
+    record.truncate(layout->size);
     return {};
 }
 
 } // namespace
 
-RecordStore::RecordStore(const QString &directory, const CameraModel &model)
-    : m_directory(directory), m_model(QString::fromLatin1(model.name))
+RecordStore::RecordStore(const QString &directory, const Model &model)
+    : m_directory(directory), m_model(QString::fromLatin1(model.optionName))
 {
 }
 
@@ -76,13 +77,13 @@ bool RecordStore::save(Camera::Record record, const QByteArray &bytes) const
 QString loadRecords(Camera::Settings &settings, const RecordStore &store,
                     const QString &configurationFile, const QString &factoryFile)
 {
-    const CameraModel &model = *settings.model;
+    const Model &model = *settings.model;
     QString error =
         load(settings.configuration, configurationFile, store.path(Camera::Record::Configuration),
-             model, configurationDefect, model.configurationSize);
+             model, configurationDefect, model.configuration);
     if (error.isEmpty())
         error = load(settings.factory, factoryFile, store.path(Camera::Record::Factory), model,
-                     factoryDefect, model.factorySize);
+                     factoryDefect, model.factory);
     if (!error.isEmpty())
         return error;
 

@@ -10,7 +10,7 @@ class RecordStore
 {
 public:
     /// An empty directory stores nothing, successfully.
-    RecordStore(const QString &directory, const CameraModel &model);
+    RecordStore(const QString &directory, const Model &model);
 
     /// Creates the directory; false if that fails or it is not writable.
     bool prepare() const;

@@ -22,6 +22,7 @@ class SerialConnection;
 class StateLabels;
 class kovoPacketManager;
 class sbusTester;
+struct Preset;
 struct thermalCommPacket_Blend_R8_TypeDef;
 struct thermalCommPacket_Blend_Zoom_R13_TypeDef;
 
@@ -235,8 +236,8 @@ private:
     bool settleOutstandingCommand(const MessageQueue::Message &message);
     void showGpsText(const QVector<uint8_t> &payload);
     void showFocusAdjustment(const QVector<uint8_t> &payload);
-    void showModelGroups(const QList<QWidget *> &groups);
     void showExternalShutterOptions(bool installed);
+    void preset(const Preset &preset);
     QByteArray recordFromForm();
     void showCameraRecord(const QVector<unsigned char> &record);
     static QString modelName(quint32 key);

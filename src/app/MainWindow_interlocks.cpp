@@ -1,6 +1,7 @@
 #include "app/MainWindow.h"
 
 #include "app/keyText.h"
+#include "camera/models.h"
 #include "diagnostics/diagnostics.h"
 #include "ui_MainWindow.h"
 
@@ -10,25 +11,13 @@
 
 namespace {
 
-constexpr int sbusDeactivated = 18; // list position after channels 1 to 18
 constexpr int ffcAutomatic = 0;
 constexpr int ffcExternal = 3;
-
-constexpr int channel(int number)
-{
-    return number - 1;
-}
 
 template <class Enum>
 int valueOfKey(const QString &text)
 {
     return QMetaEnum::fromType<Enum>().keyToValue(text.toUpper().toLatin1().constData());
-}
-
-void presetAndLock(QComboBox *box, int index)
-{
-    box->setCurrentIndex(index);
-    box->setEnabled(false);
 }
 
 void unlockAndPreset(QComboBox *box, int index)
@@ -54,44 +43,18 @@ void MainWindow::on_cbPeripheryGimbalrc_stateChanged(int state)
     if (state != Qt::Checked)
         return;
 
-    const unsigned int device = m_devices->getDevice();
-    if (device == KovoDevice_QX20) {
+    const Model *model = models::ofKey(m_devices->getDevice());
+    if (!model)
+        return;
+    if (!model->hasRecords()) {
         diagnostics::err(QStringLiteral("<<< not implemented"));
         return;
     }
-    if (device != KovoDevice_QXBlend && device != KovoDevice_QXBlendZoom)
-        return;
-    const bool zoom = device == KovoDevice_QXBlendZoom;
-
-    if (zoom)
+    if (model->gimbalUnlocksSerialPort)
         m_ui->gbGPSSettings->setEnabled(true);
-    presetAndLock(m_ui->cbIsothermsState, 0);
-    m_ui->cbIsothermSwitchMode->setCurrentIndex(1);
     m_ui->tab_SBUS->setEnabled(true);
-
-    const std::pair<QComboBox *, int> assignment[] = {
-        {m_ui->cbSbusColormap, channel(6)},
-        {m_ui->cbSbusColorMapSwitchMode, 1},
-        {m_ui->cbSbusFFC, channel(4)},
-        {m_ui->cbSbusIsotherms, channel(8)},
-        {m_ui->cbSbusIsoTransparency, sbusDeactivated},
-        {m_ui->cbSbusIsoLow, channel(9)},
-        {m_ui->cbSbusIsoMid, channel(10)},
-        {m_ui->cbSbusIsoUp, channel(11)},
-        {m_ui->cbSbusOverlay, sbusDeactivated},
-        {m_ui->cbSbusTrigger, channel(2)},
-        {m_ui->cbSbusViewmode, channel(5)},
-        {m_ui->cbSbusZoom, zoom ? channel(7) : sbusDeactivated},
-        {m_ui->cbSbusZoomMode, zoom ? 2 : 0},
-    };
-    for (const auto &[box, index] : assignment)
-        box->setCurrentIndex(index);
-    if (!zoom)
-        m_ui->cbSbusViewModeSwitchMode->setCurrentIndex(1);
-
-    presetAndLock(m_ui->cbTriggerPinMode, 1);
-    presetAndLock(m_ui->cbTriggerFrameMode, 0);
-    presetAndLock(m_ui->cBOverlayMode, 0);
+    for (const Preset &channelOrTrigger : model->gimbalPresets)
+        preset(channelOrTrigger);
 }
 
 void MainWindow::on_cbPeripheryGPSIndexChanged(int index)
@@ -123,10 +86,9 @@ void MainWindow::on_cbTriggerPinModeIndexChanged(int index)
              m_ui->tab_SBUS, m_ui->gbSbusChannelAssignment, m_ui->cbSbusFFC,
              m_ui->cbSbusColorMapSwitchMode, m_ui->cbSbusZoomMode})
         widget->setEnabled(true);
-    if (m_devices->isActiveDevice(KovoDevice_QXBlend)) {
-        presetAndLock(m_ui->cbSbusOverlay, sbusDeactivated);
-        presetAndLock(m_ui->cbSbusZoom, sbusDeactivated);
-    }
+    if (const Model *model = models::ofKey(m_devices->getDevice()))
+        for (const Preset &channel : model->sbusTriggerPresets)
+            preset(channel);
 }
 
 void MainWindow::on_cbIsothermsState_currentIndexChanged(int index)

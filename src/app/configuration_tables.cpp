@@ -2,6 +2,7 @@
 
 #include "app/MainWindow.h"
 #include "diagnostics/diagnostics.h"
+#include "records/layouts.h"
 #include "records/thermalCommPacket_Blend_R8_TypeDef.h"
 #include "records/thermalCommPacket_Blend_Zoom_R13_TypeDef.h"
 #include "ui_MainWindow.h"
@@ -21,12 +22,21 @@ void append(RecordTable &table, RecordTable rows)
     table.insert(table.end(), rows.begin(), rows.end());
 }
 
-/// Consecutive bytes that always have the same values.
-RecordRow fixedBytes(std::size_t offset, std::vector<uchar> bytes)
+/// Header and fixed bytes, which no widget shows.
+RecordTable fixedRows(const Layout &layout)
 {
-    const int size = static_cast<int>(bytes.size());
-    return {static_cast<int>(offset), size, nullptr, nullptr,
-            [=](uchar *record) { std::memcpy(record + offset, bytes.data(), bytes.size()); }};
+    const QByteArray untouched = blank(layout);
+    const auto row = [&](int offset, int size) {
+        return RecordRow{offset, size, nullptr, nullptr,
+                         [offset, bytes = untouched.mid(offset, size)](uchar *record) {
+                             std::memcpy(record + offset, bytes.constData(), bytes.size());
+                         }};
+    };
+    RecordTable rows{row(0, layout.bodyOffset())};
+    for (const Field &field : layout)
+        if (field.role == Role::Fixed)
+            rows.push_back(row(field.wire.offset, field.wire.size()));
+    return rows;
 }
 
 /// The two tables of trigger levels. The form shows the entry of the record's trigger channel; all
@@ -55,17 +65,6 @@ RecordRow thresholdsRow(const Ui::MainWindow &ui)
         std::memcpy(record + offsetof(R, thresholds), &thresholds, sizeof thresholds);
     };
     return {offsetof(R, thresholds), sizeof(TriggerThresholds), low, show, store};
-}
-
-template <class R>
-RecordTable headerRows()
-{
-    return {
-        ROW(R, header.device_key, fixed(R::deviceKey)),
-        ROW(R, header.data_length,
-            fixed(sizeof(R) - sizeof(ControlStructureHeader) - sizeof(R::crc))),
-        ROW(R, header.control_struct_version, fixed(R::version)),
-    };
 }
 
 template <class R>
@@ -196,14 +195,8 @@ RecordTable blendTable(const Ui::MainWindow &ui)
                       ROW(R8, frame_skip, numberText(ui.leFrameSkip)),
 
                       ROW(R8, overlay_mode, writeOnly(index(ui.cBOverlayMode))),
-                      ROW(R8, fixed_43, fixed(0)),
-                      fixedBytes(offsetof(R8, fixed_45), std::vector<uchar>(12, 0)),
-                      ROW(R8, fixed_58, fixed(1600)),
-                      ROW(R8, fixed_60, fixed(1200)),
-                      ROW(R8, fixed_66, fixed(0)),
-                      ROW(R8, fixed_81, fixed(0)),
                   });
-    append(table, headerRows<R8>());
+    append(table, fixedRows(layouts::blend));
     return table;
 }
 
@@ -243,20 +236,7 @@ RecordTable blendZoomTable(const Ui::MainWindow &ui)
 
                ROW(R13, overlay_mode, writeOnly(index(ui.cBOverlayMode))),
                ROW(R13, sbus.colormap_switch_mode, writeOnly(index(ui.cbSbusColorMapSwitchMode))),
-               ROW(R13, fixed_45, fixed(0)),
-               fixedBytes(offsetof(R13, fixed_47), std::vector<uchar>(12, 0)),
-               ROW(R13, fixed_61, fixed(8)),
-               fixedBytes(offsetof(R13, fixed_64), {0x11, 0x01, 0x03, 0x03}),
-               ROW(R13, fixed_68, fixed(7)),
-               ROW(R13, fixed_73, fixed(0x8000)),
-               ROW(R13, fixed_75, fixed(0x80)),
-               ROW(R13, fixed_85, fixed(0)),
-               ROW(R13, fixed_94, fixed(0)),
-               ROW(R13, fixed_99, fixed(115200)),
-               fixedBytes(offsetof(R13, fixed_103), {8, 0, 1, 0}),
-               ROW(R13, fixed_209, fixed(3000)),
-               ROW(R13, fixed_213, fixed(0)),
            });
-    append(table, headerRows<R13>());
+    append(table, fixedRows(layouts::blendZoom));
     return table;
 }

@@ -36,6 +36,7 @@ struct Model
     quint32 oldestFirmware = 0; ///< date as the decimal number yyyymmdd
     const char *outdatedFirmware =
         nullptr; ///< what to tell the operator of an older one, to be translated
+    const char *otherVersion = nullptr; ///< line about a record of another version
 
     const Layout *configuration = nullptr; ///< null without records, like all that follows
     const Layout *factory = nullptr;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <QStringList>
 #include <QVector>
 
 /// Key by which a camera names its model, in its identity reply and in every control structure.
@@ -56,5 +55,4 @@ signals:
 
 private:
     unsigned int m_currentDevice = 0;
-    QStringList m_shortNames;
 };

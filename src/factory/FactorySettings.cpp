@@ -1,5 +1,6 @@
 #include "factory/FactorySettings.h"
 
+#include "camera/models.h"
 #include "diagnostics/diagnostics.h"
 #include "diagnostics/escaped.h"
 #include "factory/tables.h"
@@ -51,16 +52,14 @@ void FactorySettings::connectDevice(bool /*connected*/)
 
 void FactorySettings::slotDeviceChanged(KovoDeviceCRCKey_TypeDef key)
 {
-    const bool zoom = key == KovoDevice_QXBlendZoom;
-    const bool blend = key == KovoDevice_QXBlend;
-    m_ui->gb_QXB_LiveViewAdjustements->setVisible(blend);
-    m_ui->gb_QXB_ArdviewAdjustements->setVisible(blend);
-    m_ui->gb_QXBZ_analog->setVisible(zoom);
-    m_ui->gb_QXBZ_hdmi->setVisible(zoom);
-    m_ui->gb_QXBZ_ardview->setVisible(zoom);
-    m_ui->labelNoModel->setVisible(!zoom && !blend);
+    const Model *chosen = models::ofKey(key);
+    for (const Model &model : models::all())
+        for (const char *group : model.factoryGroups)
+            findChild<QWidget *>(QLatin1String(group))->setVisible(&model == chosen);
+    const bool supported = chosen && chosen->hasRecords();
+    m_ui->labelNoModel->setVisible(!supported);
     showCellsBeyond16Bit();
-    if (!zoom && !blend)
+    if (!supported)
         err(QStringLiteral("FactorySettings::slotDeviceChanged() Device not implemented"));
 }
 

@@ -106,11 +106,6 @@ Coding mapped(QComboBox *box, std::vector<int> numbers,
     return {box, show, store};
 }
 
-Coding fixed(qint64 number)
-{
-    return {nullptr, nullptr, [=] { return number; }};
-}
-
 Coding writeOnly(Coding coding)
 {
     coding.show = nullptr;

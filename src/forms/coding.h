@@ -56,8 +56,6 @@ Coding joinedKeys(QComboBox *box, const QMetaEnum &keys);
 Coding mapped(QComboBox *box, std::vector<int> numbers,
               std::function<QString(qint64)> unknownNumber,
               std::function<QString(int)> unknownIndex);
-/// Always stores `number`.
-Coding fixed(qint64 number);
 /// `coding` without its reading direction.
 Coding writeOnly(Coding coding);
 

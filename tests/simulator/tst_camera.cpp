@@ -26,7 +26,7 @@ quint16 level(const QByteArray &payload, int channel)
 struct Bench
 {
     explicit Bench(const QString &modelName = "blend-zoom")
-        : model(findModel(modelName))
+        : model(models::ofOptionName(modelName))
         , camera({model, "4711", 20190912, defaultConfiguration(*model),
                   defaultFactoryRecord(*model, "4711"), [this] { return now; },
                   [this](Camera::Record kind, const QByteArray &record) {
@@ -36,7 +36,7 @@ struct Bench
     {
     }
 
-    const CameraModel *model;
+    const Model *model;
     qint64 now = 1700000000000;
     bool storeWorks = true;
     QList<QByteArray> kept[2];
@@ -149,9 +149,9 @@ private slots:
         QTest::addColumn<QByteArray>("record");
         QTest::addColumn<QString>("why");
         for (const QString &model : {QString("blend"), QString("blend-zoom")}) {
-            const QByteArray good = defaultConfiguration(*findModel(model));
-            const QByteArray other =
-                defaultConfiguration(*findModel(model == "blend" ? "blend-zoom" : "blend"));
+            const QByteArray good = defaultConfiguration(*models::ofOptionName(model));
+            const QByteArray other = defaultConfiguration(
+                *models::ofOptionName(model == "blend" ? "blend-zoom" : "blend"));
             const auto row = [&](const char *what, const QByteArray &record, const QString &why) {
                 QTest::addRow("%s: %s", qPrintable(model), what) << model << record << why;
             };
@@ -161,6 +161,10 @@ private slots:
             row("record of the other model", other, "bytes instead of");
             row("key", records::sealed(with(good, 0, wire::littleEndian(0xA0AF139FU))),
                 "device key");
+            row("key of the other model", records::sealed(with(good, 0, other.left(4))),
+                model == "blend" ? "wrong device key 0xa0af139e" : "wrong device key 0xc92a6ce6");
+            row("unknown key", records::sealed(with(good, 0, wire::littleEndian(0x17U))),
+                "wrong device key 0x00000017");
             row("data length", records::sealed(with(good, 4, wire::littleEndian(192))),
                 "data length");
             row("newer version",
@@ -261,7 +265,7 @@ private slots:
 
     void holdsTheSerialNumberOfTwelveCharacters()
     {
-        const CameraModel &model = *findModel("blend-zoom");
+        const Model &model = *models::ofOptionName("blend-zoom");
         const QByteArray record = defaultFactoryRecord(model, "123456789012345");
         QCOMPARE(record.mid(4, 12), QByteArray("123456789012"));
         QCOMPARE(factorySerial(model, record), QByteArray("123456789012"));
@@ -270,7 +274,7 @@ private slots:
     void refusesWhateverConcernsRecordsOfThe20()
     {
         Bench bench("2.0");
-        const QByteArray record = defaultConfiguration(*findModel("blend-zoom"));
+        const QByteArray record = defaultConfiguration(*models::ofOptionName("blend-zoom"));
         for (const quint32 command : {101U, 102U, 108U, 110U, 111U, 122U})
             QCOMPARE(bench.camera.handle(command, record).command, command + 200);
     }

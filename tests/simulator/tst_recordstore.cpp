@@ -9,7 +9,7 @@
 
 namespace {
 
-QByteArray changedConfiguration(const CameraModel &model)
+QByteArray changedConfiguration(const Model &model)
 {
     QByteArray record = defaultConfiguration(model);
     record[20] = 1;
@@ -35,7 +35,7 @@ class tst_RecordStore : public QObject
 {
     Q_OBJECT
 
-    const CameraModel &m_model = *findModel("blend-zoom");
+    const Model &m_model = *models::ofOptionName("blend-zoom");
 
     Camera::Settings settings() const { return {&m_model, {}, 20190912, {}, {}, {}, {}}; }
 
@@ -72,7 +72,7 @@ private slots:
         QCOMPARE(second.factory, factory);
         QCOMPARE(Camera(second).handle(116, {}).payload.mid(8), QByteArray("42", 3));
 
-        const CameraModel &blend = *findModel("blend");
+        const Model &blend = *models::ofOptionName("blend");
         Camera::Settings other{&blend, {}, 20190912, {}, {}, {}, {}};
         QCOMPARE(loadRecords(other, RecordStore(path, blend), {}, {}), QString());
         QCOMPARE(other.configuration, defaultConfiguration(blend));
@@ -106,7 +106,7 @@ private slots:
         QTest::newRow("short") << good.left(100);
         QTest::newRow("long") << good + QByteArray(5000, '\0');
         QTest::newRow("corrupt") << QByteArray(good).replace(50, 1, "\x55");
-        QTest::newRow("other model") << defaultConfiguration(*findModel("blend"));
+        QTest::newRow("other model") << defaultConfiguration(*models::ofOptionName("blend"));
     }
     void refusesFilesThatHoldNoRecord()
     {
