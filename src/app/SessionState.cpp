@@ -14,8 +14,6 @@ namespace {
 
 constexpr qint64 givenUp = 5000; // ms after which an answer belongs to a later request
 
-const QString separator = QStringLiteral(" \u00B7 ");
-
 SessionState::Clock steadyClock()
 {
     QElapsedTimer timer;
@@ -35,6 +33,11 @@ bool isAutomatic(quint32 command)
 }
 
 } // namespace
+
+QString SessionState::separator()
+{
+    return QStringLiteral(" \u00B7 ");
+}
 
 SessionState::SessionState(QObject *parent, Clock clock)
     : QObject(parent), m_clock(clock ? std::move(clock) : steadyClock())
@@ -73,7 +76,7 @@ void SessionState::identified(const QString &model, const QString &serial, quint
     m_model = diagnostics::escaped(model);
     m_serial = diagnostics::escaped(serial);
     m_firmware = firmware;
-    const QString unit = m_model + separator + m_serial;
+    const QString unit = m_model + separator() + m_serial;
     const QString earlier = std::exchange(m_lastUnit, unit);
     if (!earlier.isEmpty() && earlier != unit)
         m_concerns.clear();
@@ -242,7 +245,7 @@ QString SessionState::unit() const
     }
     if (!m_configurationRead)
         parts << tr("configuration never read");
-    return parts.join(separator);
+    return parts.join(separator());
 }
 
 QString SessionState::lastCommand() const
@@ -250,7 +253,7 @@ QString SessionState::lastCommand() const
     QStringList texts;
     for (const Outcome &outcome : outcomes())
         texts << outcome.text();
-    return texts.join(separator);
+    return texts.join(separator());
 }
 
 std::vector<SessionState::Outcome> SessionState::outcomes() const
@@ -316,8 +319,12 @@ void SessionState::makeLast(quint32 code)
     }
     const bool concerns =
         isWrite(m_last.code) || (m_last.code == COMIO_CMD_SET_LIVE_SETTINGS && !has(m_last.code));
+    // A write comes before live settings, for which there may be no room.
+    const auto behind = std::find_if(m_concerns.begin(), m_concerns.end(), [](const Command &c) {
+        return c.code == COMIO_CMD_SET_LIVE_SETTINGS;
+    });
     if (concerns && m_last.end != End::Acknowledged)
-        m_concerns.push_back(m_last);
+        m_concerns.insert(isWrite(m_last.code) ? behind : m_concerns.end(), m_last);
     const auto earlier = std::find_if(m_concerns.begin(), m_concerns.end(),
                                       [=](const Command &command) { return command.code == code; });
     m_last = earlier == m_concerns.end() ? Command{code, End::NotSent, 0, 0, QString()} : *earlier;

@@ -29,6 +29,9 @@ public:
         QString text() const;
     };
 
+    /// Stands between the parts of its texts.
+    static QString separator();
+
     explicit SessionState(QObject *parent = nullptr, Clock clock = {});
 
     /// A port was opened: nothing is known of the camera behind it yet.
