@@ -302,9 +302,9 @@ private slots:
                                                     "04000500ffffffff"
                                                     "10000700ffffffff"
                                                     "20000000ffffffff");
-        QCOMPARE(::setxattr(qPrintable(m_dir->path()), "system.posix_acl_default", list.constData(),
-                            size_t(list.size()), 0),
-                 0);
+        if (::setxattr(qPrintable(m_dir->path()), "system.posix_acl_default", list.constData(),
+                       size_t(list.size()), 0) != 0)
+            QSKIP("no access lists on this file system");
         QCOMPARE(write(path()).end, End::Complete);
         QCOMPARE(contentOf(path()), m_new);
         char names[100];
