@@ -245,6 +245,10 @@ Spalten: Zoomstellungen 1 bis 10; ganze Zahlen mit 32 Bit</translation>
         <source>The unit&apos;s serial number %1 is longer than the field: only what the field shows is written.</source>
         <translation>Die Seriennummer %1 des Geräts ist länger als das Feld: Nur was das Feld zeigt, wird geschrieben.</translation>
     </message>
+    <message>
+        <source>%1 is not written: %2 may be of another unit, for the serial number was cut. Choose another folder.</source>
+        <translation>%1 wird nicht geschrieben: %2 kann zu einem anderen Gerät gehören, denn die Seriennummer wurde gekürzt. Wählen Sie einen anderen Ordner.</translation>
+    </message>
 </context>
 <context>
     <name>KovoDevices</name>
@@ -2134,14 +2138,6 @@ https://www.quorvix.example/download.</translation>
         <translation>%1 gespeichert (Nullen: Die Einstellungen einer Quorvix 2.0 sind nicht bekannt)</translation>
     </message>
     <message>
-        <source>Cannot save %1: %2</source>
-        <translation>%1 lässt sich nicht speichern: %2</translation>
-    </message>
-    <message>
-        <source>Could not write %1 whole: %2</source>
-        <translation>%1 ließ sich nicht ganz schreiben: %2</translation>
-    </message>
-    <message>
         <source>Cannot load %1: %2</source>
         <translation>%1 lässt sich nicht laden: %2</translation>
     </message>
@@ -2239,6 +2235,10 @@ https://www.quorvix.example/download.</translation>
     <message>
         <source>The camera still shows the earlier value: Settings-Preview sends it</source>
         <translation>Die Kamera zeigt noch den früheren Wert: Einstellungsvorschau sendet den neuen</translation>
+    </message>
+    <message>
+        <source>acknowledged, restart refused</source>
+        <translation>bestätigt, Neustart abgelehnt</translation>
     </message>
 </context>
 <context>
@@ -2375,6 +2375,14 @@ https://www.quorvix.example/download.</translation>
     <message>
         <source>Could not write %1 whole: %2. What it held is lost</source>
         <translation>%1 ließ sich nicht ganz schreiben: %2. Ihr früherer Inhalt ist verloren</translation>
+    </message>
+    <message>
+        <source>Could not write %1 whole: %2. There is no such file</source>
+        <translation>%1 ließ sich nicht ganz schreiben: %2. Die Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>Could not write %1 whole: %2. It holds a part only</source>
+        <translation>%1 ließ sich nicht ganz schreiben: %2. Sie enthält nur einen Teil</translation>
     </message>
 </context>
 <context>
