@@ -199,14 +199,20 @@ Writing write(const QString &path, const std::function<QByteArray()> &content)
 {
     if (isPipe(path))
         return {Writing::End::NotOpened, Text::tr("not a regular file")};
+    std::optional<QByteArray> bytes;
+    const auto once = [&] {
+        if (!bytes)
+            bytes = content();
+        return *bytes;
+    };
     if (isReplaceable(path)) {
         QString reason;
         if (QFileInfo::exists(path) && !opens(path, reason))
             return {Writing::End::NotOpened, reason};
-        if (const auto writing = writeBeside(path, content))
+        if (const auto writing = writeBeside(path, once))
             return *writing;
     }
-    return writeThrough(path, content);
+    return writeThrough(path, once);
 }
 
 QString failure(const Writing &writing, const QString &path)

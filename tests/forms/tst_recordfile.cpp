@@ -374,11 +374,14 @@ private slots:
 
 int main(int argc, char *argv[])
 {
-    if (argc == 3 && QLatin1String(argv[1]) == writeOption)
-        return recordfile::write(QFile::decodeName(argv[2]), [] { return QByteArray(416, 'n'); })
-                           .end == End::Complete
-                   ? 0
-                   : 1;
+    if (argc == 3 && QLatin1String(argv[1]) == writeOption) {
+        int asked = 0;
+        const recordfile::Writing writing = recordfile::write(QFile::decodeName(argv[2]), [&] {
+            ++asked;
+            return QByteArray(416, 'n');
+        });
+        return writing.end == End::Complete && asked == 1 ? 0 : 1;
+    }
     QCoreApplication application(argc, argv);
     TestRecordFile test;
     return QTest::qExec(&test, argc, argv);
