@@ -110,25 +110,37 @@ void MainWindow::setConfig_qx_2_0()
     // No layout of the 2.0 record is known: the file is a record of zeros. What an existing file
     // holds beyond it stays.
     const std::array<char, sizeof(thermalCommPacket_Blend_R8_TypeDef)> record{};
+    using End = recordfile::Writing::End;
+    recordfile::Writing writing;
+    writing.existed = QFileInfo::exists(path);
     const int file = ::open(path.toUtf8().constData(), O_RDWR | O_CREAT, 0744);
-    int error = file < 0 ? errno : 0;
     if (file < 0) {
+        writing.end = End::NotOpened;
+        writing.reason = qt_error_string(errno);
         diagnostics::out(QStringLiteral("Error opening file!"));
-    } else if (const ssize_t size = ::write(file, record.data(), record.size());
-               size != static_cast<ssize_t>(record.size())) {
-        error = size < 0 ? errno : ENOSPC; // part of it: the next byte has no room
-        diagnostics::out(QStringLiteral("Error writing data to file"));
+    } else {
+        size_t written = 0;
+        ssize_t size = 0;
+        // Where a part finds room, the system tells why there is no more when asked for the rest.
+        while (written < record.size() &&
+               (size = ::write(file, record.data() + written, record.size() - written)) > 0)
+            written += size_t(size);
+        const bool whole = written == record.size();
+        int error = whole ? 0 : errno;
+        if (::close(file) != 0 && whole)
+            error = errno; // some systems find the disk full or broken only now
+        if (error != 0) {
+            writing.end = written == 0 && writing.existed ? End::Unchanged : End::Incomplete;
+            writing.reason = qt_error_string(error);
+            diagnostics::out(QStringLiteral("Error writing data to file"));
+        }
     }
-    ::close(file);
     if (path.isEmpty())
         return; // cancelled
-    const QString name = recordfile::shownName(path);
-    if (error == 0)
-        showFileOutcome(
-            tr("Saved %1 (zeros: the settings of a Quorvix 2.0 are not known)").arg(name));
-    else
-        showFileOutcome((file < 0 ? tr("Cannot save %1: %2") : tr("Could not write %1 whole: %2"))
-                            .arg(name, qt_error_string(error)));
+    showFileOutcome(writing.end == End::Complete
+                        ? tr("Saved %1 (zeros: the settings of a Quorvix 2.0 are not known)")
+                              .arg(recordfile::shownName(path))
+                        : recordfile::failure(writing, path));
 }
 
 void MainWindow::on_actionOpen_triggered()

@@ -154,6 +154,7 @@ void MainWindow::createCompanions()
     m_factorySettings->setDevices(m_devices);
     connect(m_factorySettings, SIGNAL(signalSendPackage(QByteArray)), this,
             SLOT(slotSendPacket(QByteArray)));
+    connect(m_factorySettings, &FactorySettings::fileOutcome, this, &MainWindow::showFileOutcome);
     connect(m_devices, SIGNAL(signalDeviceChanged(KovoDeviceCRCKey_TypeDef)), m_factorySettings,
             SLOT(slotDeviceChanged(KovoDeviceCRCKey_TypeDef)));
 

@@ -14,8 +14,6 @@ namespace {
 
 constexpr qint64 givenUp = 5000; // ms after which an answer belongs to a later request
 
-const QString separator = QStringLiteral(" \u00B7 ");
-
 SessionState::Clock steadyClock()
 {
     QElapsedTimer timer;
@@ -36,6 +34,11 @@ bool isAutomatic(quint32 command)
 
 } // namespace
 
+QString SessionState::separator()
+{
+    return QStringLiteral(" \u00B7 ");
+}
+
 SessionState::SessionState(QObject *parent, Clock clock)
     : QObject(parent), m_clock(clock ? std::move(clock) : steadyClock())
 {
@@ -46,7 +49,9 @@ void SessionState::opened(const QString &port)
     m_connected = true;
     m_stalled = false;
     m_configurationRead = false;
-    m_polls = 0;
+    m_polls.clear();
+    if (m_last.code == COMIO_CMD_SET_LIVE_SETTINGS)
+        m_last = {}; // of a camera that may be another one
     m_port = diagnostics::escaped(port);
     m_model.clear();
     m_serial.clear();
@@ -71,8 +76,9 @@ void SessionState::identified(const QString &model, const QString &serial, quint
     m_model = diagnostics::escaped(model);
     m_serial = diagnostics::escaped(serial);
     m_firmware = firmware;
-    const QString unit = m_model + separator + m_serial;
-    if (std::exchange(m_lastUnit, unit) != unit)
+    const QString unit = m_model + separator() + m_serial;
+    const QString earlier = std::exchange(m_lastUnit, unit);
+    if (!earlier.isEmpty() && earlier != unit)
         m_concerns.clear();
     emit changed();
 }
@@ -94,7 +100,9 @@ void SessionState::configurationRefused(const QString &defect)
 void SessionState::sent(quint32 command, bool portOpen)
 {
     if (isAutomatic(command)) {
-        m_polls += portOpen ? 1 : 0;
+        forgetOldPolls();
+        if (portOpen)
+            m_polls.push_back({command, m_clock()});
         return;
     }
     if (!portOpen && command == COMIO_CMD_SET_LIVE_SETTINGS)
@@ -102,8 +110,8 @@ void SessionState::sent(quint32 command, bool portOpen)
 
     makeLast(command);
     const qint64 now = m_clock();
-    const bool counts = m_last.code == command && m_last.end == End::Waiting &&
-                        m_last.unanswered > 0 && now - m_last.since < givenUp;
+    const bool counts =
+        m_last.end != End::NotSent && m_last.end != End::PortClosed && now - m_last.since < givenUp;
     m_last = {command, portOpen ? End::Waiting : End::NotSent,
               (counts ? m_last.unanswered : 0) + (portOpen ? 1 : 0), now, QString()};
     emit changed();
@@ -119,16 +127,19 @@ void SessionState::notTaken(quint32 command)
 
 void SessionState::received(quint32 code)
 {
-    if (code == replyOk(COMIO_CMD_GET_SBUS_LEVELS) || code == replyOk(COMIO_CMD_ALL_BITS_SET)) {
-        m_polls = std::max(0, m_polls - 1);
+    if (answersPoll(code))
         return;
-    }
     if (code == COMIO_CMD_UNKNOWN) {
         // It does not say which command it answers.
-        if (m_polls > 0)
-            --m_polls;
-        else if (m_concerns.empty() && m_last.unanswered == 1)
+        forgetOldPolls();
+        if (!m_polls.empty()) {
+            const quint32 poll = m_polls.front().code;
+            m_polls.erase(m_polls.begin());
+            if (poll == COMIO_CMD_ALL_BITS_SET)
+                refuseRestart();
+        } else if (m_concerns.empty() && m_last.unanswered == 1) {
             settle(m_last, End::NotKnown);
+        }
         emit changed();
         return;
     }
@@ -156,6 +167,39 @@ void SessionState::received(quint32 code)
     if (configured)
         forget(COMIO_CMD_SET_LIVE_SETTINGS);
     emit changed();
+}
+
+bool SessionState::answersPoll(quint32 code)
+{
+    const auto answered = std::find_if(m_polls.begin(), m_polls.end(), [=](const Poll &poll) {
+        return code == replyOk(poll.code) || code == replyFail(poll.code);
+    });
+    if (answered == m_polls.end())
+        return false;
+    m_polls.erase(answered);
+    if (code == replyFail(COMIO_CMD_ALL_BITS_SET)) {
+        refuseRestart();
+        emit changed();
+    }
+    return true;
+}
+
+void SessionState::forgetOldPolls()
+{
+    const qint64 now = m_clock();
+    m_polls.erase(std::remove_if(m_polls.begin(), m_polls.end(),
+                                 [=](const Poll &poll) { return now - poll.since >= givenUp; }),
+                  m_polls.end());
+}
+
+void SessionState::refuseRestart()
+{
+    if (m_last.code == COMIO_CMD_SET_CONFIG) {
+        if (m_last.end == End::Acknowledged)
+            m_last.end = End::NoRestart;
+    } else if (!has(COMIO_CMD_SET_CONFIG)) {
+        m_concerns.push_back({COMIO_CMD_SET_CONFIG, End::NoRestart, 0, 0, QString()});
+    }
 }
 
 void SessionState::liveSettingsDropped()
@@ -209,23 +253,44 @@ QString SessionState::unit() const
     }
     if (!m_configurationRead)
         parts << tr("configuration never read");
-    return parts.join(separator);
+    return parts.join(separator());
 }
 
 QString SessionState::lastCommand() const
 {
-    QStringList parts;
-    for (const Command &command : m_concerns)
-        parts << describe(command);
-    if (m_last.code != 0)
-        parts << describe(m_last);
-    return parts.join(separator);
+    QStringList texts;
+    for (const Outcome &outcome : outcomes())
+        texts << outcome.text();
+    return texts.join(separator());
 }
 
-QString SessionState::describe(const Command &command) const
+std::vector<SessionState::Outcome> SessionState::outcomes() const
+{
+    std::vector<Outcome> all;
+    for (const Command &command : m_concerns)
+        all.push_back(leavesEarlierValue(command)
+                          ? describe({command.code, End::Dropped, 0, 0, QString()})
+                          : describe(command));
+    if (m_last.code != 0)
+        all.push_back(describe(m_last));
+    return all;
+}
+
+QString SessionState::Outcome::text() const
+{
+    return title.isEmpty() ? end : title + QStringLiteral(": ") + end;
+}
+
+bool SessionState::leavesEarlierValue(const Command &command) const
+{
+    return command.code == COMIO_CMD_SET_LIVE_SETTINGS &&
+           (command.end != End::Waiting || m_clock() - command.since >= givenUp);
+}
+
+SessionState::Outcome SessionState::describe(const Command &command) const
 {
     const auto ended = [&](const QString &how) {
-        return commandTitle(command.code) + QStringLiteral(": ") + how;
+        return Outcome{commandTitle(command.code), how, command.end == End::Acknowledged};
     };
     switch (command.end) {
     case End::Waiting: {
@@ -235,6 +300,8 @@ QString SessionState::describe(const Command &command) const
     case End::Acknowledged:
         return ended(command.code == COMIO_CMD_SET_CONFIG ? tr("acknowledged, the camera restarts")
                                                           : tr("acknowledged"));
+    case End::NoRestart:
+        return ended(tr("acknowledged, restart refused"));
     case End::Refused:
         return ended(tr("refused by the camera"));
     case End::NotKnown:
@@ -248,17 +315,26 @@ QString SessionState::describe(const Command &command) const
     case End::Unusable:
         return ended(tr("not usable, %1; the port was closed").arg(command.defect));
     case End::Dropped:
-        return tr("The camera still shows the earlier value: Settings-Preview sends it");
+        return {QString(),
+                tr("The camera still shows the earlier value: Settings-Preview sends it"), false};
     }
     return {};
 }
 
 void SessionState::makeLast(quint32 code)
 {
-    if (m_last.code == code)
+    if (m_last.code == code) {
+        forget(code);
         return;
-    if (isWrite(m_last.code) && m_last.end != End::Acknowledged)
-        m_concerns.push_back(m_last);
+    }
+    const bool concerns =
+        isWrite(m_last.code) || (m_last.code == COMIO_CMD_SET_LIVE_SETTINGS && !has(m_last.code));
+    // A write comes before live settings, for which there may be no room.
+    const auto behind = std::find_if(m_concerns.begin(), m_concerns.end(), [](const Command &c) {
+        return c.code == COMIO_CMD_SET_LIVE_SETTINGS;
+    });
+    if (concerns && m_last.end != End::Acknowledged)
+        m_concerns.insert(isWrite(m_last.code) ? behind : m_concerns.end(), m_last);
     const auto earlier = std::find_if(m_concerns.begin(), m_concerns.end(),
                                       [=](const Command &command) { return command.code == code; });
     m_last = earlier == m_concerns.end() ? Command{code, End::NotSent, 0, 0, QString()} : *earlier;
@@ -271,6 +347,12 @@ void SessionState::settle(Command &command, End end)
     // What was on its way when the port closed may still be delivered after it.
     if (end != End::PortClosed)
         command.unanswered = 0;
+}
+
+bool SessionState::has(quint32 code) const
+{
+    return std::any_of(m_concerns.begin(), m_concerns.end(),
+                       [=](const Command &command) { return command.code == code; });
 }
 
 void SessionState::forget(quint32 code)

@@ -12,13 +12,25 @@
 /// The requests that the program repeats by itself (SBUS levels) and the command that follows an
 /// acknowledged write are left out, so that they never hide what the operator did. A write that the
 /// camera did not acknowledge stays in view behind later commands until it is repeated or another
-/// unit is connected.
+/// unit is connected; so do live settings that did not reach the camera, until they do.
 class SessionState : public QObject
 {
     Q_OBJECT
 
 public:
     using Clock = std::function<qint64()>; ///< milliseconds from any start, never going back
+
+    /// How a command ended, in words; text() joins them.
+    struct Outcome
+    {
+        QString title; ///< of the command; empty if `end` says all
+        QString end;
+        bool done = false; ///< acknowledged: nothing more to tell
+        QString text() const;
+    };
+
+    /// Stands between the parts of its texts.
+    static QString separator();
 
     explicit SessionState(QObject *parent = nullptr, Clock clock = {});
 
@@ -53,6 +65,8 @@ public:
     /// The last command and how it ended, after the writes and live settings that the camera does
     /// not hold; empty before the first command.
     QString lastCommand() const;
+    /// The parts of lastCommand(), in its order.
+    std::vector<Outcome> outcomes() const;
 
 signals:
     void changed();
@@ -61,6 +75,7 @@ private:
     enum class End {
         Waiting,
         Acknowledged,
+        NoRestart, ///< acknowledged, but the camera does not restart with it
         Refused,
         NotKnown,   ///< to the camera
         PortClosed, ///< before an answer
@@ -79,22 +94,35 @@ private:
         QString defect;
     };
 
+    /// A request that is left out of view and is still to be answered.
+    struct Poll
+    {
+        quint32 code;
+        qint64 since;
+    };
+
+    bool answersPoll(quint32 code);
+    void forgetOldPolls();
+    void refuseRestart();
+    bool has(quint32 code) const;
+    /// Whether live settings did not reach the camera, or got no answer for long.
+    bool leavesEarlierValue(const Command &command) const;
     void makeLast(quint32 code);
     void settle(Command &command, End end);
     void forget(quint32 code);
     QString unit() const;
-    QString describe(const Command &command) const;
+    Outcome describe(const Command &command) const;
 
     Clock m_clock;
     bool m_connected = false;
     bool m_stalled = false;
     bool m_configurationRead = false;
-    int m_polls = 0; ///< requests that are left out and are still to be answered
     QString m_port;
     QString m_model;
     QString m_serial;
     QString m_lastUnit; ///< identified last, in this connection or before
     quint32 m_firmware = 0;
+    std::vector<Poll> m_polls;
     std::vector<Command> m_concerns; ///< earlier ones that the camera does not hold
     Command m_last;
 };

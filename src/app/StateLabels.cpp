@@ -1,6 +1,7 @@
 #include "app/StateLabels.h"
 
 #include "app/SessionState.h"
+#include "app/shortOutcomes.h"
 #include "forms/ElidedLabel.h"
 
 #include <QEvent>
@@ -37,12 +38,16 @@ StateLabels::StateLabels(QStatusBar *bar, const SessionState *state, QObject *pa
     , m_command(add("lbLast"))
 {
     m_connection->setElideMode(Qt::ElideLeft); // a long port tells less than the camera
-    m_command->setElideMode(Qt::ElideMiddle);  // the end says how it ended
+    m_command->setShortening([this](const QFontMetrics &metrics, int width) {
+        return shortOutcomes(m_state->outcomes(), metrics, width);
+    });
     m_seconds.setInterval(second);
     connect(&m_seconds, &QTimer::timeout, this, &StateLabels::show);
     connect(state, &SessionState::changed, this, &StateLabels::show);
     connect(bar, &QStatusBar::messageChanged, this, &StateLabels::show);
     bar->installEventFilter(this);
+    if (bar->window() != bar)
+        bar->window()->installEventFilter(this);
     show();
 }
 
@@ -57,9 +62,11 @@ ElidedLabel *StateLabels::add(const char *name)
 
 bool StateLabels::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Resize || event->type() == QEvent::FontChange ||
-        event->type() == QEvent::Show)
+    if (watched == m_bar && (event->type() == QEvent::Resize ||
+                             event->type() == QEvent::FontChange || event->type() == QEvent::Show))
         fit();
+    else if (event->type() == QEvent::PaletteChange && m_faded)
+        fade(true);
     return QObject::eventFilter(watched, event);
 }
 
@@ -105,6 +112,7 @@ void StateLabels::fit()
 void StateLabels::showIdentity(const QString &message)
 {
     m_identity = message;
+    m_identityOfThisConnection = true;
     m_bar->showMessage(message);
     show(); // the same message again changes nothing by itself
 }
@@ -113,9 +121,17 @@ void StateLabels::fadeOldIdentity()
 {
     if (!m_bar)
         return;
-    const bool old =
-        !m_state->isConnected() && !m_identity.isEmpty() && m_bar->currentMessage() == m_identity;
-    if (old == m_faded)
+    if (!m_state->isConnected())
+        m_identityOfThisConnection = false;
+    const bool old = !m_identityOfThisConnection && !m_identity.isEmpty() &&
+                     m_bar->currentMessage() == m_identity;
+    if (old != m_faded)
+        fade(old);
+}
+
+void StateLabels::fade(bool old)
+{
+    if (!m_bar)
         return;
     m_faded = old;
     const auto withText = [this](QPalette::ColorGroup group) {

@@ -22,7 +22,8 @@ class StateLabels : public QObject
 public:
     /// Both outlive this object, or the bar deletes its labels before.
     StateLabels(QStatusBar *bar, const SessionState *state, QObject *parent);
-    /// Shows the camera's identity as the bar's message, which fades when the connection ends.
+    /// Shows the camera's identity as the bar's message, which fades when the connection ends and
+    /// until another one is shown.
     void showIdentity(const QString &message);
 
 protected:
@@ -33,6 +34,7 @@ private:
     void show();
     void fit();
     void fadeOldIdentity();
+    void fade(bool old);
 
     QPointer<QStatusBar> m_bar;
     const SessionState *m_state;
@@ -41,5 +43,6 @@ private:
     ElidedLabel *m_command;
     QTimer m_seconds;     ///< runs while an answer is awaited
     bool m_faded = false; ///< the identity shown is of a connection that has ended
+    bool m_identityOfThisConnection = false;
     QString m_identity;
 };

@@ -38,6 +38,8 @@ public:
 signals:
     /// A frame for the camera.
     void signalSendPackage(QByteArray frame);
+    /// How a load or a save ended, in one line for the operator.
+    void fileOutcome(const QString &outcome);
 
 public slots:
     /// Enables the dialog whatever the state of the connection: files need no camera.
@@ -84,9 +86,9 @@ public slots:
 
     void on_pb_WriteFile_clicked();
     void on_pb_ReadFile_clicked();
-    /// Writes the record to dir/SERIAL.dat; a file that cannot be opened is left alone, and one
-    /// that may be of another unit, whose serial number begins as this one's; one that cannot be
-    /// written whole is named on standard error.
+    /// Writes the record to dir/SERIAL.dat; a file that cannot be opened is left alone; one that
+    /// cannot be written whole is named on standard error. Nothing is written where data file or
+    /// report may be of another unit, whose serial number begins as this one's.
     void writeFile(QString dir);
     /// Writes the report to dir/SERIAL.txt in the same way.
     void writeReport(QString dir);
@@ -122,6 +124,7 @@ private:
     void write(const QString &dir, const QString &extension,
                const std::function<QByteArray()> &content);
     bool mayBeOfAnotherUnit(const QString &path) const;
+    QString fileOfAnotherUnit(const QString &dir) const;
     QString unitSerialNumber() const;
     QString unitFileName(const QString &dir, const QString &extension) const;
 

@@ -19,6 +19,9 @@ using diagnostics::out;
 
 namespace {
 
+const QString dataExtension = QStringLiteral(".dat");
+const QString reportExtension = QStringLiteral(".txt");
+
 /// Every row of the table: its header, a blank, each cell followed by a comma.
 void reportRows(QTextStream &stream, const QTableWidget *table)
 {
@@ -84,7 +87,7 @@ QString FactorySettings::unitFileName(const QString &dir, const QString &extensi
 void FactorySettings::writeFile(QString dir)
 {
     out(QStringLiteral("FactorySettings::writeFile()"));
-    write(dir, QStringLiteral(".dat"), [this] {
+    write(dir, dataExtension, [this] {
         const FactorySettings_QXBlendZoom_TypeDef record = ui2struct_QXBlendZoom();
         return QByteArray(reinterpret_cast<const char *>(&record), sizeof record);
     });
@@ -93,7 +96,7 @@ void FactorySettings::writeFile(QString dir)
 void FactorySettings::writeReport(QString dir)
 {
     out(QStringLiteral("FactorySettings::writeReport()"));
-    write(dir, QStringLiteral(".txt"), [this] {
+    write(dir, reportExtension, [this] {
         QBuffer text;
         text.open(QIODevice::WriteOnly | QIODevice::Text);
         QTextStream stream(&text);
@@ -111,10 +114,15 @@ void FactorySettings::write(const QString &dir, const QString &extension,
     const QString path = unitFileName(dir, extension);
     const QString name = recordfile::shownName(path);
     out(QStringLiteral("<<< ") + diagnostics::escaped(path));
-    if (mayBeOfAnotherUnit(path)) {
-        showFileOutcome(tr("%1 is left as it is: it may be of another unit, for the serial number "
-                           "was cut. Choose another folder.")
-                            .arg(name));
+    const QString other = fileOfAnotherUnit(dir);
+    if (!other.isEmpty()) {
+        const bool exists = QFileInfo::exists(path);
+        const QString text =
+            exists ? tr("%1 is left as it is: it may be of another unit, for the serial number "
+                        "was cut. Choose another folder.")
+                   : tr("%1 is not written: %2 may be of another unit, for the serial number was "
+                        "cut. Choose another folder.");
+        showFileOutcome(exists ? text.arg(name) : text.arg(name, recordfile::shownName(other)));
         return;
     }
     const bool known = activeDevice() == KovoDevice_QXBlendZoom;
@@ -126,7 +134,8 @@ void FactorySettings::write(const QString &dir, const QString &extension,
     });
     using End = recordfile::Writing::End;
     if (writing.end == End::Unchanged || writing.end == End::Incomplete)
-        err(QStringLiteral("<<< could not write %1: %2").arg(path, writing.reason));
+        err(QStringLiteral("<<< could not write %1: %2")
+                .arg(diagnostics::escaped(path), writing.reason));
     if (writing.end != End::Complete) {
         showFileOutcome(recordfile::failure(writing, path));
         return;
@@ -134,6 +143,17 @@ void FactorySettings::write(const QString &dir, const QString &extension,
     m_writtenFor.insert(path, unitSerialNumber());
     showFileOutcome(known ? tr("Saved %1").arg(name)
                           : tr("%1 is empty: only a Quorvix Blend Zoom is saved").arg(name));
+}
+
+/// Data file and report belong together: if one of them may be of another unit, both stay.
+QString FactorySettings::fileOfAnotherUnit(const QString &dir) const
+{
+    for (const QString &extension : {dataExtension, reportExtension}) {
+        const QString path = unitFileName(dir, extension);
+        if (mayBeOfAnotherUnit(path))
+            return path;
+    }
+    return {};
 }
 
 bool FactorySettings::mayBeOfAnotherUnit(const QString &path) const

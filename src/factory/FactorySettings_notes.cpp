@@ -43,4 +43,5 @@ void FactorySettings::showFileOutcome(const QString &outcome)
 {
     m_fileOutcome->setText(outcome);
     m_fileOutcome->show();
+    emit fileOutcome(QString(outcome).replace(QLatin1Char('\n'), QStringLiteral(" \u00B7 ")));
 }

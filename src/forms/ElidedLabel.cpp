@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include <utility>
+
 ElidedLabel::ElidedLabel(QWidget *parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
@@ -19,11 +21,24 @@ void ElidedLabel::setElideMode(Qt::TextElideMode mode)
     update();
 }
 
+void ElidedLabel::setShortening(Shortening shortening)
+{
+    m_shortening = std::move(shortening);
+    update();
+}
+
+QString ElidedLabel::shownText() const
+{
+    const QFontMetrics metrics = fontMetrics();
+    const int width = contentsRect().width();
+    const QString elided = metrics.elidedText(text(), m_mode, width);
+    return m_shortening && elided != text() ? m_shortening(metrics, width) : elided;
+}
+
 void ElidedLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    const QRect area = contentsRect();
     painter.setPen(palette().color(foregroundRole()));
-    painter.drawText(area, Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine,
-                     fontMetrics().elidedText(text(), m_mode, area.width()));
+    painter.drawText(contentsRect(), Qt::AlignLeading | Qt::AlignVCenter | Qt::TextSingleLine,
+                     shownText());
 }

@@ -41,11 +41,11 @@ QString chosen(QFileDialog &dialog)
 QString saveFileName(QWidget *parent, const QString &caption, const QString &name,
                      const QString &filter)
 {
-    const QString proposed = hasLastFolder() ? QDir(lastFolder()).filePath(name) : name;
-    QString path = QFileDialog::getSaveFileName(parent, caption, proposed, filter);
-    if (!path.isEmpty())
-        lastFolder() = folderOf(path);
-    return path;
+    QFileDialog dialog(parent, caption, hasLastFolder() ? lastFolder() : QString(), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.selectFile(name);
+    return chosen(dialog);
 }
 
 } // namespace filedialog

@@ -56,21 +56,39 @@ QString unwritten(QFileDevice &file)
 
 #ifdef Q_OS_UNIX
 
+#ifdef Q_OS_LINUX
 /// True if the file has what a new one would not have: access lists and the like. What the system
 /// labels every file with (security.*) it labels a new one with, too.
-bool hasAttributes(const QByteArray &name)
+bool hasAttributes(const std::function<ssize_t(char *names, size_t size)> &list)
 {
-#ifdef Q_OS_LINUX
     QByteArray names(0x10000, '\0'); // the longest list there is
-    const ssize_t size = llistxattr(name.constData(), names.data(), size_t(names.size()));
+    const ssize_t size = list(names.data(), size_t(names.size()));
     if (size < 0)
         return errno != ENOTSUP;
     const QList<QByteArray> attributes = names.left(int(size)).split('\0');
     return std::any_of(attributes.begin(), attributes.end(), [](const QByteArray &attribute) {
         return !attribute.isEmpty() && !attribute.startsWith("security.");
     });
+}
+#endif
+
+bool hasAttributes(const QByteArray &name)
+{
+#ifdef Q_OS_LINUX
+    return hasAttributes(
+        [&](char *names, size_t size) { return llistxattr(name.constData(), names, size); });
 #else
     Q_UNUSED(name)
+    return false;
+#endif
+}
+
+bool hasAttributes(int file)
+{
+#ifdef Q_OS_LINUX
+    return hasAttributes([=](char *names, size_t size) { return flistxattr(file, names, size); });
+#else
+    Q_UNUSED(file)
     return false;
 #endif
 }
@@ -90,13 +108,14 @@ bool isReplaceable(const QString &path)
 }
 
 /// Gives the new file group and rights of the one at `path`, if there is one.
+/// False if that cannot be, or if its folder gave it more (a default access list).
 bool takesAfter(const QString &path, int file)
 {
     struct stat old = {};
     struct stat fresh = {};
     if (lstat(QFile::encodeName(path).constData(), &old) != 0)
         return errno == ENOENT;
-    if (fstat(file, &fresh) != 0 ||
+    if (fstat(file, &fresh) != 0 || hasAttributes(file) ||
         (fresh.st_gid != old.st_gid && fchown(file, uid_t(-1), old.st_gid) != 0))
         return false;
     return fchmod(file, old.st_mode & 07777) == 0 && fstat(file, &fresh) == 0 &&
@@ -130,18 +149,20 @@ bool opens(const QString &path, QString &reason)
 
 Writing writeThrough(const QString &path, const std::function<QByteArray()> &content)
 {
+    const bool existed = QFileInfo::exists(path);
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly))
-        return {Writing::End::NotOpened, file.errorString()};
+        return {Writing::End::NotOpened, file.errorString(), existed};
     const QByteArray bytes = content();
     const bool taken = file.write(bytes) == bytes.size();
     const QString reason = taken ? unwritten(file) : file.errorString();
-    return reason.isEmpty() ? Writing() : Writing{Writing::End::Incomplete, reason};
+    return reason.isEmpty() ? Writing() : Writing{Writing::End::Incomplete, reason, existed};
 }
 
 /// Nothing if the file can only be written through.
 std::optional<Writing> writeBeside(const QString &path, const std::function<QByteArray()> &content)
 {
+    const bool existed = QFileInfo::exists(path);
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || !takesAfter(path, file.handle()))
         return std::nullopt;
@@ -149,8 +170,12 @@ std::optional<Writing> writeBeside(const QString &path, const std::function<QByt
     const bool taken = file.write(bytes) == bytes.size();
     const QString reason = taken ? unwritten(file) : file.errorString();
     if (!reason.isEmpty())
-        return Writing{Writing::End::Unchanged, reason};
-    return file.commit() ? Writing() : Writing{Writing::End::Unchanged, file.errorString()};
+        return Writing{Writing::End::Unchanged, reason, existed};
+    if (file.commit())
+        return Writing();
+    if (existed)
+        return std::nullopt;
+    return Writing{Writing::End::Unchanged, file.errorString(), existed};
 }
 
 } // namespace
@@ -160,8 +185,11 @@ std::optional<QByteArray> read(const QString &path, QString *reason)
     QFile file(path);
     const QFileInfo info(path);
     const bool regular = info.isFile() || !info.exists();
-    if (regular && file.open(QIODevice::ReadOnly))
-        return file.read(qMin(file.size(), longestRead));
+    if (regular && file.open(QIODevice::ReadOnly)) {
+        const QByteArray bytes = file.read(qMin(file.size(), longestRead));
+        if (file.error() == QFileDevice::NoError)
+            return bytes;
+    }
     if (reason)
         *reason = regular ? file.errorString() : Text::tr("not a regular file");
     return std::nullopt;
@@ -171,14 +199,20 @@ Writing write(const QString &path, const std::function<QByteArray()> &content)
 {
     if (isPipe(path))
         return {Writing::End::NotOpened, Text::tr("not a regular file")};
+    std::optional<QByteArray> bytes;
+    const auto once = [&] {
+        if (!bytes)
+            bytes = content();
+        return *bytes;
+    };
     if (isReplaceable(path)) {
         QString reason;
         if (QFileInfo::exists(path) && !opens(path, reason))
             return {Writing::End::NotOpened, reason};
-        if (const auto writing = writeBeside(path, content))
+        if (const auto writing = writeBeside(path, once))
             return *writing;
     }
-    return writeThrough(path, content);
+    return writeThrough(path, once);
 }
 
 QString failure(const Writing &writing, const QString &path)
@@ -189,10 +223,12 @@ QString failure(const Writing &writing, const QString &path)
     case Writing::End::NotOpened:
         return Text::tr("Cannot save %1: %2").arg(shownName(path), writing.reason);
     case Writing::End::Unchanged:
-        return Text::tr("Could not write %1 whole: %2. The file is as it was")
+        return (writing.existed ? Text::tr("Could not write %1 whole: %2. The file is as it was")
+                                : Text::tr("Could not write %1 whole: %2. There is no such file"))
             .arg(shownName(path), writing.reason);
     case Writing::End::Incomplete:
-        return Text::tr("Could not write %1 whole: %2. What it held is lost")
+        return (writing.existed ? Text::tr("Could not write %1 whole: %2. What it held is lost")
+                                : Text::tr("Could not write %1 whole: %2. It holds a part only"))
             .arg(shownName(path), writing.reason);
     }
     return {};

@@ -10,8 +10,8 @@
 namespace recordfile {
 
 /// What a regular file holds, at most 64 KiB: more than any record, enough to judge a file by,
-/// whatever its size. Nothing if it cannot be opened, or is a pipe, say, which would keep the
-/// window waiting until somebody writes to it; `reason` says why then.
+/// whatever its size. Nothing if it cannot be opened or read, or is a pipe, say, which would keep
+/// the window waiting until somebody writes to it; `reason` says why then.
 std::optional<QByteArray> read(const QString &path, QString *reason = nullptr);
 
 /// How write() ended.
@@ -24,7 +24,8 @@ struct Writing
         Incomplete, ///< could not be written whole; what the file held is lost
     };
     End end = End::Complete;
-    QString reason; ///< of the system, unless complete
+    QString reason;      ///< of the system, unless complete
+    bool existed = true; ///< there was a file before
 };
 
 /// Makes a file hold exactly the bytes that `content` gives, which is asked for them once the file
@@ -32,8 +33,9 @@ struct Writing
 ///
 /// A regular file keeps what it held until the new bytes are on the disk: they are written beside
 /// it and take its name. Where that would change what the file is (a link or a file with several
-/// names, another owner, attributes that a new file would not have) or cannot be done, it is
-/// written through. Pipes are not opened: they would keep the window waiting for a reader.
+/// names, another owner, attributes that only one of both has) or cannot be done (the name is taken
+/// for good, as that of a mounted file), it is written through. Pipes are not opened: they would
+/// keep the window waiting for a reader.
 Writing write(const QString &path, const std::function<QByteArray()> &content);
 
 /// The failure in words for the operator; empty for a complete one.

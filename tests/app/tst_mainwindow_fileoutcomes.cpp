@@ -1,3 +1,4 @@
+#include "factory/FactorySettings.h"
 #include "support/cameraend.h"
 #include "support/captureddiagnostics.h"
 #include "support/files.h"
@@ -9,11 +10,37 @@
 #include <QStatusBar>
 #include <QTemporaryDir>
 
+#include <cerrno>
 #include <csignal>
+#include <cstring>
 #include <memory>
+#include <string>
 #include <sys/resource.h>
+#include <sys/syscall.h>
+#include <unistd.h>
 
 using namespace records;
+
+namespace {
+
+const char *failsToClose = nullptr; ///< path of a file whose last bytes get lost
+
+} // namespace
+
+/// Stands in for the C library's: no local disk keeps a failure until then, as a network's does.
+extern "C" int close(int file)
+{
+    char path[4096] = {};
+    const std::string link = "/proc/self/fd/" + std::to_string(file);
+    const bool fails = failsToClose != nullptr &&
+                       readlink(link.c_str(), path, sizeof path - 1) > 0 &&
+                       std::strcmp(path, failsToClose) == 0;
+    const long result = syscall(SYS_close, file);
+    if (!fails)
+        return int(result);
+    errno = EIO;
+    return -1;
+}
 
 /// What the status bar says after a configuration file was loaded or saved.
 class TestMainWindowFileOutcomes : public QObject
@@ -191,6 +218,70 @@ private slots:
         QCOMPARE(status(), QString("Saved QXCONFIG.BIN (zeros: the settings of a Quorvix 2.0 are "
                                    "not known)"));
         QCOMPARE(files::contentOf(path("QXCONFIG.BIN")), QByteArray(207, '\0'));
+    }
+
+    void fileOfTheModelWithoutARecordThatCannotBeWrittenIsTold_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<int>("room");
+        QTest::addColumn<QString>("outcome");
+        QTest::newRow("not open to writing")
+            << "/sys/class/net/lo/speed" << -1 << "Cannot save speed: Permission denied";
+        QTest::newRow("no room at all")
+            << "/dev/full" << -1
+            << "Could not write full whole: No space left on device. The file is as it was";
+        QTest::newRow("room for a part over another")
+            << path("part.bin") << 100
+            << "Could not write part.bin whole: File too large. What it held is lost";
+        QTest::newRow("room for a part of a new one")
+            << path("new.bin") << 100
+            << "Could not write new.bin whole: File too large. It holds a part only";
+        QTest::newRow("found only by closing")
+            << path("late.bin") << -1
+            << "Could not write late.bin whole: Input/output error. It holds a part only";
+    }
+
+    void fileOfTheModelWithoutARecordThatCannotBeWrittenIsTold()
+    {
+        QFETCH(QString, file);
+        QFETCH(int, room);
+        QFETCH(QString, outcome);
+        if (file == path("part.bin"))
+            files::write(file, QByteArray(50, 'x'));
+        QFile::remove(path("QXCONFIG.BIN")); // or the dialog proposes it as a choice made
+        const QByteArray late = QFile::encodeName(path("late.bin"));
+        std::unique_ptr<modal::Answer<QMessageBox>> overwrite;
+        modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
+            if (QFile::exists(file))
+                overwrite =
+                    std::make_unique<modal::Answer<QMessageBox>>(modal::click(QMessageBox::Yes));
+            modal::choose(file)(dialog);
+        });
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before = {};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+        rlimit limit = before;
+        if (room >= 0)
+            limit.rlim_cur = rlim_t(room);
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &limit), 0);
+        failsToClose = late.constData();
+        m_tool->window.setConfig_qx_2_0();
+        failsToClose = nullptr;
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
+        std::signal(SIGXFSZ, handler);
+        QVERIFY(choose.given());
+        QCOMPARE(status(), outcome);
+    }
+
+    void filesOfTheFactoryDialogAreTold()
+    {
+        QVERIFY(m_tool->chooseModel(keyBlendZoom));
+        auto *dialog = m_tool->window.findChild<FactorySettings *>();
+        QVERIFY(dialog);
+        dialog->loadFile(path("none.dat"));
+        QCOMPARE(status(), QString("Cannot load none.dat: No such file or directory"));
+        dialog->writeFile(m_dir.path());
+        QCOMPARE(status(), QString("Saved 1700999.dat"));
     }
 
     void cancelledFileOfTheModelWithoutARecordSaysNothing()

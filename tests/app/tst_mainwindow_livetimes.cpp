@@ -56,6 +56,35 @@ class TestMainWindowLiveTimes : public QObject
     CapturedDiagnostics m_lines;
     std::unique_ptr<WindowUnderTest> m_tool;
 
+    /// `quiet`: it took less than the two seconds in which a read holds live settings back.
+    void readWithoutLiveSettings(bool &quiet)
+    {
+        QFETCH(int, focus);
+        QFETCH(int, zoom);
+        CameraEnd camera;
+        QVERIFY(m_tool->chooseModel(records::keyBlendZoom));
+        QVERIFY(m_tool->connectTo(camera.path()));
+        const qint64 before = QDateTime::currentMSecsSinceEpoch();
+        messageState.sendTime = 0;
+        m_tool->get<QPushButton>("btnReadConf")->click();
+        const qint64 asked = messageState.sendTime;
+        QVERIFY(asked >= before);
+        QTRY_COMPARE(camera.count(getConfig), 1);
+        QVERIFY(camera.send(getConfig + 100, record(quint16(focus), quint16(zoom))));
+        QTRY_VERIFY(!m_tool->busy());
+        QCOMPARE(m_tool->get<QSlider>("hsTamronfocusvalue")->value(), focus);
+        QCOMPARE(m_tool->get<QSpinBox>("sbTamronZoom")->value(), zoom);
+
+        QVERIFY(aSecondPasses());
+        quiet = QDateTime::currentMSecsSinceEpoch() - asked < 2000;
+        if (!quiet)
+            return;
+        QCOMPARE(messageState.sendTime, asked);
+        // What is sent now comes next on the line.
+        m_tool->window.on_pb_ffc_doffc_clicked();
+        QTRY_COMPARE(camera.commands(), QVector<quint32>({116, getConfig, 133}));
+    }
+
 private slots:
     void initTestCase() { modal::useQtDialogs(); }
     void init()
@@ -81,29 +110,13 @@ private slots:
     void configurationReplySendsNoLiveSettings_data() { changes(); }
     void configurationReplySendsNoLiveSettings()
     {
-        QFETCH(int, focus);
-        QFETCH(int, zoom);
-        CameraEnd camera;
-        QVERIFY(m_tool->chooseModel(records::keyBlendZoom));
-        QVERIFY(m_tool->connectTo(camera.path()));
-        const qint64 before = QDateTime::currentMSecsSinceEpoch();
-        messageState.sendTime = 0;
-        m_tool->get<QPushButton>("btnReadConf")->click();
-        const qint64 asked = messageState.sendTime;
-        QVERIFY(asked >= before);
-        QTRY_COMPARE(camera.count(getConfig), 1);
-        QVERIFY(camera.send(getConfig + 100, record(quint16(focus), quint16(zoom))));
-        QTRY_VERIFY(!m_tool->busy());
-        QCOMPARE(m_tool->get<QSlider>("hsTamronfocusvalue")->value(), focus);
-        QCOMPARE(m_tool->get<QSpinBox>("sbTamronZoom")->value(), zoom);
-
-        QVERIFY(aSecondPasses());
-        if (QDateTime::currentMSecsSinceEpoch() - asked >= 2000)
-            QSKIP("the machine stood still: nothing holds the live settings back any more");
-        QCOMPARE(messageState.sendTime, asked);
-        // What is sent now comes next on the line.
-        m_tool->window.on_pb_ffc_doffc_clicked();
-        QTRY_COMPARE(camera.commands(), QVector<quint32>({116, getConfig, 133}));
+        // A machine that stands still for two seconds lets the change go: then it is tried anew.
+        bool quiet = false;
+        for (int i = 0; i < 20 && !quiet && !QTest::currentTestFailed(); ++i) {
+            m_tool = std::make_unique<WindowUnderTest>();
+            readWithoutLiveSettings(quiet);
+        }
+        QVERIFY2(quiet, "the machine never ran for two seconds without standing still");
     }
 
     void recordLoadedWhileDisconnectedLogsItsLiveSettings_data() { changes(); }

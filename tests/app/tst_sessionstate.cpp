@@ -18,6 +18,8 @@ class TestSessionState : public QObject
     static constexpr quint32 ffc = 133;
     static constexpr quint32 unprompted = 0xFFFFFFFF;
 
+    const QString m_earlierValue =
+        "The camera still shows the earlier value: Settings-Preview sends it";
     qint64 m_now = 0;
     std::unique_ptr<SessionState> m_state;
 
@@ -282,6 +284,157 @@ private slots:
         QVERIFY(!m_state->lastCommand().contains(dropped));
         m_state->liveSettingsDropped();
         QVERIFY(!m_state->lastCommand().contains(dropped));
+    }
+
+    void repeatedPreviewEndsADroppedChange()
+    {
+        connectUnit();
+        m_state->sent(liveSettings, true);
+        m_state->received(liveSettings + 100);
+        m_state->liveSettingsDropped();
+        QVERIFY(m_state->lastCommand().startsWith(m_earlierValue));
+        m_state->sent(liveSettings, true);
+        QCOMPARE(m_state->lastCommand(), QString("Live settings: sent"));
+        m_state->received(liveSettings + 100);
+        QCOMPARE(m_state->lastCommand(), QString("Live settings: acknowledged"));
+        m_state->sent(ffc, true);
+        QCOMPARE(m_state->lastCommand(), QString("Flat-field correction: sent"));
+    }
+
+    void dropBehindLiveSettingsOnTheirWayStays()
+    {
+        connectUnit();
+        m_state->sent(liveSettings, true);
+        m_state->liveSettingsDropped();
+        m_state->received(liveSettings + 100);
+        m_state->sent(ffc, true);
+        QCOMPARE(m_state->lastCommand(),
+                 m_earlierValue + QString::fromUtf8(" · Flat-field correction: sent"));
+    }
+
+    void liveSettingsThatTheCameraDidNotTakeAreADroppedChange_data()
+    {
+        QTest::addColumn<quint32>("answer");
+        QTest::newRow("refused") << liveSettings + 200;
+        QTest::newRow("not known") << 0U;
+        QTest::newRow("lost") << 1U; // says nothing of a command
+    }
+
+    void liveSettingsThatTheCameraDidNotTakeAreADroppedChange()
+    {
+        QFETCH(quint32, answer);
+        connectUnit();
+        m_state->sent(liveSettings, true);
+        m_state->received(answer);
+        m_now += 5000;
+        QVERIFY(m_state->lastCommand().startsWith("Live settings: "));
+        m_state->sent(ffc, true);
+        m_state->received(ffc + 100);
+        QCOMPARE(m_state->lastCommand(),
+                 m_earlierValue + QString::fromUtf8(" · Flat-field correction: acknowledged"));
+        m_state->sent(liveSettings, true);
+        QCOMPARE(m_state->lastCommand(), QString("Live settings: sent"));
+        m_state->received(liveSettings + 100);
+        m_state->sent(ffc, true);
+        QCOMPARE(m_state->lastCommand(), QString("Flat-field correction: sent"));
+        m_state->sent(liveSettings, true);
+        m_state->received(answer);
+        m_state->closed();
+        connectUnit("1705678"); // which shows something else
+        QVERIFY(!m_state->lastCommand().contains(m_earlierValue));
+    }
+
+    void liveSettingsOnTheirWayAreWaitedForBehindTheNextCommand()
+    {
+        connectUnit();
+        m_state->sent(liveSettings, true);
+        m_state->sent(ffc, true);
+        QCOMPARE(m_state->lastCommand(),
+                 QString::fromUtf8("Live settings: sent · Flat-field correction: sent"));
+        m_state->received(liveSettings + 100);
+        QCOMPARE(m_state->lastCommand(), QString("Flat-field correction: sent"));
+    }
+
+    void lostWriteOfAnUnidentifiedCameraStaysUntilAnotherUnit()
+    {
+        m_state->opened("ttyACM0");
+        m_state->sent(setFactory, true);
+        m_state->closed();
+        connectUnit();
+        QVERIFY(m_state->lastCommand().startsWith(
+            "Write factory settings: no answer before the port closed"));
+        connectUnit("1705678");
+        QCOMPARE(m_state->lastCommand(), QString("Read configuration: acknowledged"));
+    }
+
+    void refusedRestartIsTold_data()
+    {
+        QTest::addColumn<quint32>("answer");
+        QTest::newRow("refused") << unprompted + 200;
+        QTest::newRow("not known") << 0U;
+    }
+
+    void refusedRestartIsTold()
+    {
+        QFETCH(quint32, answer);
+        const QString refused = "Write configuration: acknowledged, restart refused";
+        connectUnit();
+        m_state->sent(setConfig, true);
+        m_state->received(setConfig + 100);
+        m_state->sent(unprompted, true);
+        QSignalSpy changes(m_state.get(), &SessionState::changed);
+        m_state->received(answer);
+        QCOMPARE(changes.count(), 1);
+        QCOMPARE(m_state->lastCommand(), refused);
+        m_state->sent(ffc, true);
+        QCOMPARE(m_state->lastCommand(),
+                 refused + QString::fromUtf8(" · Flat-field correction: sent"));
+        // Behind another command.
+        m_state->sent(setConfig, true);
+        m_state->received(setConfig + 100);
+        m_state->sent(unprompted, true);
+        m_state->sent(ffc, true);
+        m_state->received(answer);
+        QCOMPARE(m_state->lastCommand(),
+                 refused + QString::fromUtf8(" · Flat-field correction: sent"));
+    }
+
+    void answerOfAnEarlierWriteDoesNotSettleALostOne()
+    {
+        connectUnit();
+        m_state->sent(setFactory, true);
+        m_state->sent(setFactory, true);
+        m_state->received(setFactory + 200);
+        QCOMPARE(m_state->lastCommand(), QString("Write factory settings: refused by the camera"));
+        m_state->sent(setFactory, true);
+        m_state->received(setFactory + 100); // the second one's
+        QCOMPARE(m_state->lastCommand(), QString("Write factory settings: sent"));
+        m_now += 3000;
+        QCOMPARE(m_state->lastCommand(), QString("Write factory settings: no answer for 3 s"));
+        m_state->received(setFactory + 100);
+        QCOMPARE(m_state->lastCommand(), QString("Write factory settings: acknowledged"));
+    }
+
+    void pollThatIsRefusedOrLostExcusesNoWrite_data()
+    {
+        QTest::addColumn<bool>("refused");
+        QTest::newRow("refused") << true;
+        QTest::newRow("lost") << false;
+    }
+
+    void pollThatIsRefusedOrLostExcusesNoWrite()
+    {
+        QFETCH(bool, refused);
+        connectUnit();
+        m_state->sent(sbusLevels, true);
+        if (refused)
+            m_state->received(sbusLevels + 200);
+        else
+            m_now += 5000;
+        m_state->sent(setFactory, true);
+        m_state->received(0);
+        QCOMPARE(m_state->lastCommand(),
+                 QString("Write factory settings: not known to the camera"));
     }
 
     void liveSettingsOfAClosedPortAreNoCommand()

@@ -199,6 +199,80 @@ private slots:
         QCOMPARE(files::contentOf(path("1700999.dat")), first);
     }
 
+    void eitherFileOfAnotherUnitKeepsBoth_data()
+    {
+        QTest::addColumn<QString>("there");
+        QTest::addColumn<QString>("missing");
+        QTest::newRow("data file") << "1700999.dat"
+                                   << "1700999.txt";
+        QTest::newRow("report") << "1700999.txt"
+                                << "1700999.dat";
+    }
+
+    void eitherFileOfAnotherUnitKeepsBoth()
+    {
+        QFETCH(QString, there);
+        QFETCH(QString, missing);
+        files::write(m_dir->filePath(there), "another unit's");
+        receive("1700999B");
+        clickWrite();
+        const QStringList lines = outcome().split('\n');
+        QCOMPARE(lines.size(), 2);
+        QVERIFY(lines.contains(there + " is left as it is: it may be of another unit, for the "
+                                       "serial number was cut. Choose another folder."));
+        QVERIFY(lines.contains(missing + " is not written: " + there +
+                               " may be of another unit, for the serial number was cut. Choose "
+                               "another folder."));
+        QCOMPARE(QDir(m_dir->path()).entryList(QDir::Files), QStringList{there});
+        QCOMPARE(files::contentOf(m_dir->filePath(there)), QByteArray("another unit's"));
+    }
+
+    void outcomesAreOneLineForOthers()
+    {
+        QSignalSpy said(&m_w->dialog, &FactorySettings::fileOutcome);
+        clickWrite();
+        QCOMPARE(said.last().first().toString(),
+                 QString::fromUtf8("Saved 1700999.dat · Saved 1700999.txt"));
+        m_w->dialog.loadFile(path("none.dat"));
+        QCOMPARE(said.last().first().toString(),
+                 QString("Cannot load none.dat: No such file or directory"));
+    }
+
+    void pathsStayInOneLine()
+    {
+        const QString folder = m_dir->filePath("a\nb");
+        const QString shown = m_dir->path() + "/a\\x0ab";
+        QVERIFY(QDir().mkdir(folder));
+        const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+        rlimit before = {};
+        QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+        rlimit limit = before;
+        limit.rlim_cur = 100;
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &limit), 0);
+        {
+            // No line of a text field holds such a path: the dialog is in the folder.
+            modal::Answer<QFileDialog> choose([&](QFileDialog *dialog) {
+                dialog->setDirectory(folder);
+                dialog->findChild<QLineEdit *>("fileNameEdit")->clear();
+                static_cast<QDialog *>(dialog)->accept();
+            });
+            m_w->click("pb_WriteFile");
+        }
+        QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
+        std::signal(SIGXFSZ, handler);
+        QCOMPARE(m_w->said.err(), QString("<<< could not write %1/1700999.dat: File too large\n"
+                                          "<<< could not write %1/1700999.txt: File too large\n")
+                                      .arg(shown));
+        const QStringList lines = m_w->said.out().split('\n');
+        QCOMPARE(lines.first(), "<<< " + shown);
+        QVERIFY(lines.contains("<<< " + shown + "/1700999.dat"));
+        QVERIFY(lines.contains("<<< " + shown + "/1700999.txt"));
+        m_w->said.clear();
+        m_w->serialNumber()->setText(QString("1") + QChar(0x2028) + "7");
+        m_w->dialog.writeFile(folder);
+        QCOMPARE(m_w->said.err(), QString("<<< the serial number cannot name a file: 1\\u20287\n"));
+    }
+
     void fileOfAnEarlierSessionIsNotReplacedByACutSerialNumber()
     {
         files::write(path("1700999.dat"), "another unit's");

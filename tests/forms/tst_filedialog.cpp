@@ -57,6 +57,22 @@ private slots:
         QCOMPARE(startOfNext(), folder("second"));
     }
 
+    void startsWhereACancelledSaveWas()
+    {
+        accept(folder("first"), QFileDialog::Directory);
+        {
+            modal::Answer<QFileDialog> answer([this](QFileDialog *dialog) {
+                QCOMPARE(dialog->windowTitle(), QStringLiteral("Save"));
+                QCOMPARE(dialog->acceptMode(), QFileDialog::AcceptSave);
+                QCOMPARE(dialog->nameFilters(), QStringList{".BIN"});
+                dialog->setDirectory(folder("third"));
+                modal::cancel<QFileDialog>()(dialog);
+            });
+            QVERIFY(filedialog::saveFileName(nullptr, "Save", "NAME.BIN", ".BIN").isEmpty());
+        }
+        QCOMPARE(startOfNext(), folder("third"));
+    }
+
     void folderThatIsGoneIsNotUsed()
     {
         accept(folder("gone"), QFileDialog::Directory);
