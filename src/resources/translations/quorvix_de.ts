@@ -242,10 +242,10 @@ Spalten: Zoomstellungen 1 bis 10; ganze Zahlen mit 32 Bit</translation>
         <translation>Nur die Seriennummer aus %1 geladen</translation>
     </message>
     <message>
-        <source>The unit's serial number %1 is longer than the field: only what the field shows is written.</source>
+        <source>The unit&apos;s serial number %1 is longer than the field: only what the field shows is written.</source>
         <translation>Die Seriennummer %1 des Geräts ist länger als das Feld: Nur was das Feld zeigt, wird geschrieben.</translation>
     </message>
-<message>
+    <message>
         <source>%1 is not written: %2 may be of another unit, for the serial number was cut. Choose another folder.</source>
         <translation>%1 wird nicht geschrieben: %2 kann zu einem anderen Gerät gehören, denn die Seriennummer wurde gekürzt. Wählen Sie einen anderen Ordner.</translation>
     </message>
@@ -754,19 +754,19 @@ https://www.quorvix.example/download.</translation>
         <translation>Tasten: a / d nach links / rechts (A)   •   w / s nach oben / unten (B)   •   j / l mehr / weniger Beschnitt (F)   •   i / k mehr / weniger Beschnitt (G)</translation>
     </message>
     <message>
-        <source>Fetch the HDMI values of the main window's zoom factor from the factory settings</source>
+        <source>Fetch the HDMI values of the main window&apos;s zoom factor from the factory settings</source>
         <translation>Die HDMI-Werte des Zoomfaktors im Hauptfenster aus den Werkseinstellungen holen</translation>
     </message>
     <message>
-        <source>Put the HDMI values, without the shift by distance, into the factory settings of the main window's zoom factor</source>
+        <source>Put the HDMI values, without the shift by distance, into the factory settings of the main window&apos;s zoom factor</source>
         <translation>Die HDMI-Werte ohne den Versatz durch die Entfernung in die Werkseinstellungen für den Zoomfaktor im Hauptfenster eintragen</translation>
     </message>
     <message>
-        <source>Fetch the analog values of the main window's zoom factor from the factory settings</source>
+        <source>Fetch the analog values of the main window&apos;s zoom factor from the factory settings</source>
         <translation>Die analogen Werte des Zoomfaktors im Hauptfenster aus den Werkseinstellungen holen</translation>
     </message>
     <message>
-        <source>Put the analog values into the factory settings of the main window's zoom factor</source>
+        <source>Put the analog values into the factory settings of the main window&apos;s zoom factor</source>
         <translation>Die analogen Werte in die Werkseinstellungen für den Zoomfaktor im Hauptfenster eintragen</translation>
     </message>
 </context>
@@ -865,7 +865,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Heizung</translation>
     </message>
     <message>
-        <source>Heating of the external shutter, 0 to 1000 on the shutter's own scale</source>
+        <source>Heating of the external shutter, 0 to 1000 on the shutter&apos;s own scale</source>
         <translation>Heizung des externen Shutters, 0 bis 1000 auf dessen eigener Skala</translation>
     </message>
     <message>
@@ -873,7 +873,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Heizzyklus</translation>
     </message>
     <message>
-        <source>Heat cycle of the external shutter, 0 to 2000 on the shutter's own scale</source>
+        <source>Heat cycle of the external shutter, 0 to 2000 on the shutter&apos;s own scale</source>
         <translation>Heizzyklus des externen Shutters, 0 bis 2000 auf dessen eigener Skala</translation>
     </message>
     <message>
@@ -881,7 +881,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Offset</translation>
     </message>
     <message>
-        <source>Offset of the external shutter, -20.00 to 20.00 on the shutter's own scale, in steps of 0.1; stored in hundredths</source>
+        <source>Offset of the external shutter, -20.00 to 20.00 on the shutter&apos;s own scale, in steps of 0.1; stored in hundredths</source>
         <translation>Offset des externen Shutters, -20,00 bis 20,00 auf dessen eigener Skala, in Schritten von 0,1; gespeichert in Hundertsteln</translation>
     </message>
     <message>
@@ -889,7 +889,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Shutter-Intervall</translation>
     </message>
     <message>
-        <source>Interval of the external shutter, 0 to 3600 on the shutter's own scale</source>
+        <source>Interval of the external shutter, 0 to 3600 on the shutter&apos;s own scale</source>
         <translation>Intervall des externen Shutters, 0 bis 3600 auf dessen eigener Skala</translation>
     </message>
     <message>
@@ -1053,7 +1053,7 @@ https://www.quorvix.example/download.</translation>
         <translation>GPS/Seriell</translation>
     </message>
     <message>
-        <source>Set "Periphery &gt; GPS" to "Custom settings" to enable configuration.</source>
+        <source>Set &quot;Periphery &gt; GPS&quot; to &quot;Custom settings&quot; to enable configuration.</source>
         <translation>Zum Einstellen „Peripherie &gt; GPS“ auf „Eigene Einstellungen“ stellen.</translation>
     </message>
     <message>
@@ -1129,7 +1129,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Serielle Daten/GPS-Daten</translation>
     </message>
     <message>
-        <source>Set "Trigger &gt; Trigger mode" to "SBUS" or "PPM" to enable configuration of channels</source>
+        <source>Set &quot;Trigger &gt; Trigger mode&quot; to &quot;SBUS&quot; or &quot;PPM&quot; to enable configuration of channels</source>
         <translation>Zum Einstellen der Kanäle „Trigger &gt; Triggermodus“ auf „SBUS“ oder „PPM“ stellen</translation>
     </message>
     <message>
@@ -2026,7 +2026,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Benutzerhandbuch</translation>
     </message>
     <message>
-        <source>&lt;p&gt;The user guide is not installed on this computer.&lt;/p&gt;&lt;p&gt;It comes with the program's package and its sources as guide.md.&lt;/p&gt;</source>
+        <source>&lt;p&gt;The user guide is not installed on this computer.&lt;/p&gt;&lt;p&gt;It comes with the program&apos;s package and its sources as guide.md.&lt;/p&gt;</source>
         <translation>&lt;p&gt;Das Benutzerhandbuch ist auf diesem Rechner nicht installiert.&lt;/p&gt;&lt;p&gt;Es liegt dem Paket des Programms und seinen Quellen als guide.md bei (auf Englisch).&lt;/p&gt;</translation>
     </message>
     <message>
@@ -2138,14 +2138,6 @@ https://www.quorvix.example/download.</translation>
         <translation>%1 gespeichert (Nullen: Die Einstellungen einer Quorvix 2.0 sind nicht bekannt)</translation>
     </message>
     <message>
-        <source>Cannot save %1: %2</source>
-        <translation>%1 lässt sich nicht speichern: %2</translation>
-    </message>
-    <message>
-        <source>Could not write %1 whole: %2</source>
-        <translation>%1 ließ sich nicht ganz schreiben: %2</translation>
-    </message>
-    <message>
         <source>Cannot load %1: %2</source>
         <translation>%1 lässt sich nicht laden: %2</translation>
     </message>
@@ -2177,11 +2169,7 @@ https://www.quorvix.example/download.</translation>
         <source>%1, but the form is that of a %2</source>
         <translation>%1, aber das Formular ist das einer %2</translation>
     </message>
-<message>
-        <source>The camera takes the settings over at once but forgets them when it restarts. Nothing is sent within two seconds after another command: press again then. After a change of the HDMI video mode the button is locked until the next connection.</source>
-        <translation>Die Kamera übernimmt die Einstellungen sofort, vergisst sie aber bei einem Neustart. Innerhalb von zwei Sekunden nach einem anderen Befehl wird nichts gesendet: Drücken Sie dann noch einmal. Nach einem Wechsel des HDMI-Videomodus ist die Schaltfläche bis zur nächsten Verbindung gesperrt.</translation>
-    </message>
-    </context>
+</context>
 <context>
     <name>SessionState</name>
     <message>
@@ -2252,7 +2240,7 @@ https://www.quorvix.example/download.</translation>
         <source>not sent, the camera has not taken what was sent before</source>
         <translation>nicht gesendet, die Kamera hat das vorher Gesendete noch nicht angenommen</translation>
     </message>
-<message>
+    <message>
         <source>acknowledged, restart refused</source>
         <translation>bestätigt, Neustart abgelehnt</translation>
     </message>
@@ -2392,7 +2380,7 @@ https://www.quorvix.example/download.</translation>
         <source>Could not write %1 whole: %2. What it held is lost</source>
         <translation>%1 ließ sich nicht ganz schreiben: %2. Ihr früherer Inhalt ist verloren</translation>
     </message>
-<message>
+    <message>
         <source>Could not write %1 whole: %2. There is no such file</source>
         <translation>%1 ließ sich nicht ganz schreiben: %2. Die Datei gibt es nicht</translation>
     </message>
@@ -2571,7 +2559,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Die Liste ruht, solange ein Port offen ist. Ein Port, der ihr fehlt, wird beim Start genannt: quorvix-config --port NAME.</translation>
     </message>
     <message>
-        <source>After connecting, the camera's configuration is read into the form: what was changed there and neither written nor saved is replaced.</source>
+        <source>After connecting, the camera&apos;s configuration is read into the form: what was changed there and neither written nor saved is replaced.</source>
         <translation>Nach dem Verbinden wird die Konfiguration der Kamera in das Formular gelesen: Was dort geändert und weder geschrieben noch gespeichert wurde, wird ersetzt.</translation>
     </message>
     <message>
@@ -2583,7 +2571,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Öffnet die Kalibrierung und liest die der verbundenen Kamera.</translation>
     </message>
     <message>
-        <source>A setting of the external shutter on the shutter's own scale: its documentation tells what suits it. Shown while an external shutter is installed.</source>
+        <source>A setting of the external shutter on the shutter&apos;s own scale: its documentation tells what suits it. Shown while an external shutter is installed.</source>
         <translation>Eine Einstellung des externen Shutters in seiner eigenen Skala: Seine Dokumentation sagt, was zu ihm passt. Sichtbar, solange ein externer Shutter eingebaut ist.</translation>
     </message>
     <message>
@@ -2611,7 +2599,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Wirkt sofort auf die verbundene Kamera und ändert keine Einstellung. Ohne Verbindung geschieht nichts.</translation>
     </message>
     <message>
-        <source>These four settings have to be those of the hardware at the camera's serial port. A receiver chosen under Periphery &gt; GPS sets and locks them. Custom settings unlock them, and so does switching on the gimbal remote control of a Blend Zoom.</source>
+        <source>These four settings have to be those of the hardware at the camera&apos;s serial port. A receiver chosen under Periphery &gt; GPS sets and locks them. Custom settings unlock them, and so does switching on the gimbal remote control of a Blend Zoom.</source>
         <translation>Diese vier Einstellungen müssen die der Hardware an der seriellen Schnittstelle der Kamera sein. Ein Empfänger, der unter Peripherie &gt; GPS gewählt wird, setzt und sperrt sie. Eigene Einstellungen geben sie frei, ebenso das Einschalten der Gimbal-Fernsteuerung einer Blend Zoom.</translation>
     </message>
     <message>
@@ -2623,7 +2611,7 @@ https://www.quorvix.example/download.</translation>
         <translation>Die Wahl von SBUS oder PPM als Triggermodus einer Blend deaktiviert diesen Kanal und sperrt ihn bis zum Ende des Programms.</translation>
     </message>
     <message>
-        <source>The two thresholds belong to this channel: they are read from its place in the camera's table of thresholds. A write puts them into every place.</source>
+        <source>The two thresholds belong to this channel: they are read from its place in the camera&apos;s table of thresholds. A write puts them into every place.</source>
         <translation>Die beiden Schwellen gehören zu diesem Kanal: Sie werden von seinem Platz in der Schwellentabelle der Kamera gelesen. Ein Schreiben setzt sie auf jeden Platz.</translation>
     </message>
     <message>
@@ -2702,9 +2690,5 @@ https://www.quorvix.example/download.</translation>
         <source>The column of the factory settings is that of the zoom factor which is selected in the main window, tab Visible Light Camera.</source>
         <translation>Die Spalte der Werkseinstellungen ist die des Zoomfaktors, der im Hauptfenster auf der Registerkarte Tageslichtkamera gewählt ist.</translation>
     </message>
-<message>
-        <source>One second after a change the whole form is sent to the connected camera as live settings, without being stored. It is not sent if any other command went out within the two seconds before: if the camera does not follow, Settings-Preview sends the form.</source>
-        <translation>Eine Sekunde nach einer Änderung wird das ganze Formular als Live-Einstellungen an die verbundene Kamera gesendet, ohne gespeichert zu werden. Es wird nicht gesendet, wenn in den zwei Sekunden davor ein anderer Befehl hinausging: Folgt die Kamera nicht, sendet die Einstellungsvorschau das Formular.</translation>
-    </message>
-    </context>
+</context>
 </TS>
