@@ -36,7 +36,8 @@ QString load(QByteArray &record, const QString &named, const QString &kept, cons
     if (!defect.isEmpty())
         return QStringLiteral("%1 is no record of a %2 camera: %3")
             .arg(path, QString::fromLatin1(model.optionName), defect);
-    record.truncate(layout->size);
+    if (layout)
+        record.truncate(layout->size);
     return {};
 }
 

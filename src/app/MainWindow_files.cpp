@@ -218,7 +218,7 @@ void MainWindow::saveConfigurationFile(const QString &path)
 
 QString MainWindow::loadedText(const QString &name, quint32 key) const
 {
-    const QString text = tr("Loaded %1 (%2)").arg(name, modelName(key));
+    QString text = tr("Loaded %1 (%2)").arg(name, modelName(key));
     const quint32 active = m_devices->getDevice();
     if (active == 0 || active == key)
         return text;

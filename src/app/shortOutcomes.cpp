@@ -50,7 +50,7 @@ QString shortOutcomes(std::vector<Outcome> outcomes, const QFontMetrics &metrics
         outcomes.pop_back();
     QString rest;
     for (;; outcomes.pop_back(), rest = SessionState::separator() + ellipsis) {
-        const QString text = withCutTitles(outcomes, rest, metrics, width);
+        QString text = withCutTitles(outcomes, rest, metrics, width);
         if (!text.isEmpty())
             return text;
         if (outcomes.size() == 1)

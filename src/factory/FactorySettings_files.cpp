@@ -149,7 +149,7 @@ void FactorySettings::write(const QString &dir, const QString &extension,
 QString FactorySettings::fileOfAnotherUnit(const QString &dir) const
 {
     for (const QString &extension : {dataExtension, reportExtension}) {
-        const QString path = unitFileName(dir, extension);
+        QString path = unitFileName(dir, extension);
         if (mayBeOfAnotherUnit(path))
             return path;
     }

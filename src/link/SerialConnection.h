@@ -40,7 +40,7 @@ public:
     /// not take yet waits, up to MaximumWaiting bytes; a frame beyond is dropped with a line, too.
     /// False if the frame was dropped.
     bool writeSerialPortData(const QByteArray &data);
-    static constexpr qint64 MaximumWaiting = 1024 * 1024;
+    static constexpr qint64 MaximumWaiting = 1 << 20;
     /// Forgets what was read and has not been announced yet.
     void dropReceived();
 
