@@ -225,9 +225,11 @@ bool isInput(const QWidget *widget)
 template <class Visit>
 void forEachName(Visit visit)
 {
-    for (const Row &row : rows)
-        for (const QString &name : QString::fromLatin1(row.names).split(QLatin1Char(' ')))
+    for (const Row &row : rows) {
+        const QStringList names = QString::fromLatin1(row.names).split(QLatin1Char(' '));
+        for (const QString &name : names)
             visit(name, row.text);
+    }
 }
 
 } // namespace

@@ -101,9 +101,9 @@ void load(QQuickWidget *view, guistatus *status, const QColor &background)
 
 void unload(QQuickWidget *view)
 {
-    for (QObject *child : view->children())
-        if (auto *indicator = dynamic_cast<Indicator *>(child))
-            delete indicator;
+    const QObjectList children = view->children(); // a copy: who is deleted leaves the list
+    for (QObject *child : children)
+        delete dynamic_cast<Indicator *>(child);
     view->setSource(QUrl());
 }
 
