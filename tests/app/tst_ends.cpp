@@ -11,7 +11,6 @@
 
 #include <csignal>
 #include <fcntl.h>
-#include <optional>
 #include <sys/resource.h>
 #include <termios.h>
 #include <unistd.h>
@@ -44,18 +43,20 @@ QString targetOfDescriptor(int descriptor, qint64 process)
     return QFile::symLinkTarget(QStringLiteral("/proc/%1/fd/%2").arg(process).arg(descriptor));
 }
 
-/// Output of the camera's port is held back for as long as this lives.
-class StalledLine
+/// A line whose output can be held back. Made before the tool opens the port, of which only the
+/// superuser gets another descriptor from then on.
+class StallableLine
 {
 public:
-    explicit StalledLine(const CameraEnd &camera)
+    explicit StallableLine(const CameraEnd &camera)
         : m_slave(::open(QFile::encodeName(camera.path()), O_RDWR | O_NOCTTY | O_CLOEXEC))
     {
-        tcflow(m_slave, TCOOFF);
     }
-    ~StalledLine() { ::close(m_slave); }
-    StalledLine(const StalledLine &) = delete;
-    StalledLine &operator=(const StalledLine &) = delete;
+    ~StallableLine() { ::close(m_slave); }
+    StallableLine(const StallableLine &) = delete;
+    StallableLine &operator=(const StallableLine &) = delete;
+
+    bool stall() { return tcflow(m_slave, TCOOFF) == 0; }
 
 private:
     int m_slave;
@@ -125,6 +126,7 @@ private slots:
         QFETCH(int, signal);
         QFETCH(Where, where);
         CameraEnd camera;
+        StallableLine line(camera);
         Session session;
         QVERIFY(session.display.start());
         QVERIFY(session.start({"--port", camera.path()}, session.environment()));
@@ -143,9 +145,8 @@ private slots:
             QVERIFY(session.press("ctrl+o"));
             QTRY_VERIFY_WITH_TIMEOUT(session.display.find("Open") != 0, 20000);
         }
-        std::optional<StalledLine> stalled;
         if (where == Where::StalledLine) {
-            stalled.emplace(camera);
+            QVERIFY(line.stall());
             camera.send(216, CameraEnd::identity(0xC92A6CE6));
             camera.send(302, {}); // after the request for the configuration, which waits
             QTRY_COMPARE_WITH_TIMEOUT(boxes(), 1, 20000);
