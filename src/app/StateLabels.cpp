@@ -62,11 +62,20 @@ ElidedLabel *StateLabels::add(const char *name)
 
 bool StateLabels::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == m_bar && (event->type() == QEvent::Resize ||
-                             event->type() == QEvent::FontChange || event->type() == QEvent::Show))
-        fit();
-    else if (event->type() == QEvent::PaletteChange && m_faded)
-        fade(true);
+    switch (event->type()) { // first: a bar that is being destroyed has other events, and is none
+    case QEvent::Resize:
+    case QEvent::FontChange:
+    case QEvent::Show:
+        if (watched == m_bar)
+            fit();
+        break;
+    case QEvent::PaletteChange:
+        if (m_faded)
+            fade(true);
+        break;
+    default:
+        break;
+    }
     return QObject::eventFilter(watched, event);
 }
 

@@ -52,10 +52,9 @@ void addLocales(const QStringList &inEveryLocale, const QStringList &inGerman,
     QTest::addColumn<QString>("keys");
     for (const char *locale :
          {"C", "en_US", "fr_FR", "fi_FI", "sv_SE", "fa_IR", "de_DE", "de_AT", "de_CH"}) {
-        for (const QString &keys : inEveryLocale)
-            QTest::addRow("%s, %s", locale, qPrintable(keys)) << locale << keys;
-        for (const QString &keys : QByteArray(locale).startsWith("de") ? inGerman : elsewhere)
-            QTest::addRow("%s, %s", locale, qPrintable(keys)) << locale << keys;
+        const bool german = QByteArray(locale).startsWith("de");
+        for (const QString &keys : inEveryLocale + (german ? inGerman : elsewhere))
+            QTest::newRow(qPrintable(QLatin1String(locale) + ", " + keys)) << locale << keys;
     }
 }
 
