@@ -153,7 +153,7 @@ private slots:
             const QByteArray other = defaultConfiguration(
                 *models::ofOptionName(model == "blend" ? "blend-zoom" : "blend"));
             const auto row = [&](const char *what, const QByteArray &record, const QString &why) {
-                QTest::addRow("%s: %s", qPrintable(model), what) << model << record << why;
+                QTest::newRow(qPrintable(model + ": " + what)) << model << record << why;
             };
             row("empty", {}, "0 bytes");
             row("one byte short", good.chopped(1), "bytes instead of");
